@@ -6,8 +6,8 @@
 
 namespace kvez {
 
-/// The one owner of a handle: `Owned<HFONT, &DeleteFont>`. Released when it goes, when it is given a new one, never twice.
-/// `release` is called through a wrapper function because the system's own carry calling conventions and casts.
+/// The one owner of a handle: `Owned<HFONT, &DeleteFont>`. Released when it goes, when it is given a new one, never
+/// twice. `release` is called through a wrapper function because the system's own carry calling conventions and casts.
 template <typename Handle, auto release>
 class Owned {
  public:
