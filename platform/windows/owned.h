@@ -44,6 +44,7 @@ using OwnedBitmap = Owned<HBITMAP, [](HBITMAP bitmap) { DeleteObject(bitmap); }>
 using OwnedMemoryContext = Owned<HDC, [](HDC context) { DeleteDC(context); }>;
 using OwnedIcon = Owned<HICON, [](HICON icon) { DestroyIcon(icon); }>;
 using OwnedMenu = Owned<HMENU, [](HMENU menu) { DestroyMenu(menu); }>;
+using OwnedFile = Owned<HANDLE, [](HANDLE file) { CloseHandle(file); }>;
 using OwnedRegistryKey = Owned<HKEY, [](HKEY key) { RegCloseKey(key); }>;
 
 /// Selects an object into a device context and puts the previous one back.

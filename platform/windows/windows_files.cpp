@@ -1,0 +1,54 @@
+#include "platform/windows/windows_files.h"
+
+#include <windows.h>
+
+#include "platform/windows/owned.h"
+#include "platform/windows/system_code_page.h"
+
+namespace kvez {
+namespace {
+
+// The files here are of some hundred kilobytes; more than this is not one of them.
+constexpr LONGLONG kLargestFile = 1LL << 30;
+
+HANDLE OpenForAttributes(const std::wstring& path) {
+  // A path that the code page cannot hold, or that is too long for the 8-bit call, is still a good path.
+  const auto bytes = ToSystemCodePageExactly(path);
+  if (bytes && bytes->size() < MAX_PATH) {
+    return CreateFileA(bytes->c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  }
+  return CreateFileW(path.c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+}
+
+// CreateFile marks a failure with its own value, which stands for no handle here.
+HANDLE OrNone(HANDLE file) { return file == INVALID_HANDLE_VALUE ? nullptr : file; }
+
+}  // namespace
+
+std::optional<std::vector<std::uint8_t>> WindowsFiles::Read(const std::wstring& path) {
+  const OwnedFile file(
+      OrNone(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)));
+  if (!file) return std::nullopt;
+  LARGE_INTEGER size{};
+  if (!GetFileSizeEx(file.Get(), &size) || size.QuadPart > kLargestFile) return std::nullopt;
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size.QuadPart));
+  DWORD read = 0;
+  if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) return std::nullopt;
+  if (read != bytes.size()) return std::nullopt;
+  return bytes;
+}
+
+std::optional<DateTime> WindowsFiles::LastWriteTime(const std::wstring& path) {
+  FILETIME unused{};
+  FILETIME written{};
+  {
+    const OwnedFile file(OrNone(OpenForAttributes(path)));
+    if (!file || !GetFileTime(file.Get(), &unused, &unused, &written)) return std::nullopt;
+  }
+  FILETIME local{};
+  SYSTEMTIME date{};
+  if (!FileTimeToLocalFileTime(&written, &local) || !FileTimeToSystemTime(&local, &date)) return std::nullopt;
+  return DateTime{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond};
+}
+
+}  // namespace kvez

@@ -1,0 +1,69 @@
+// kvez_demo: drives the real program like a user, for the commands that show it.
+//
+//   kvez_demo search EXE TEXT   starts the program, searches by name, prints the count sentence, leaves it running
+//   kvez_demo close             ends the running program through its exit question
+//
+// Exit status 0, or 1 with what went wrong on the error output.
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "mainwindow/control_ids.h"
+#include "tests/support/program_driver.h"
+
+namespace {
+
+using namespace kvez;
+using namespace kvez::test;
+
+void PrintUtf8(std::FILE* stream, const std::wstring& text) {
+  const int size =
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), size, nullptr, nullptr);
+  std::fprintf(stream, "%s\n", bytes.c_str());
+}
+
+int Fail(const Program* program, const std::wstring& what) {
+  PrintUtf8(stderr, what);
+  if (program != nullptr) {
+    if (const auto dialog = program->OpenDialog()) PrintUtf8(stderr, L"A dialog is open: " + dialog->text);
+  }
+  return 1;
+}
+
+int Search(const std::wstring& exe, const std::wstring& text) {
+  Program program(exe);
+  if (!program.WaitReady()) return Fail(&program, L"The program did not get ready: " + exe);
+  program.Focus(kTxtMPSC);
+  TypeText(text);
+  if (!WaitUntil([&] { return program.Text(kTxtMPSC) == text; })) {
+    return Fail(&program, L"The text did not arrive: " + program.Text(kTxtMPSC));
+  }
+  PressKey(VK_RETURN);
+  if (!WaitUntil([&] { return !program.Text(kLblPSCV + 1).empty(); })) {
+    return Fail(&program, L"The search gave no count.");
+  }
+  PrintUtf8(stdout, program.Text(kLblPSCV + 1));
+  program.Release();
+  return 0;
+}
+
+int Close() {
+  auto program = Program::Running();
+  if (!program) return Fail(nullptr, L"The program does not run.");
+  PostMessageW(program->MainWindow(), WM_CLOSE, 0, 0);
+  if (!program->Answer(program->WaitDialog(), IDYES)) return Fail(&*program, L"The exit question did not close.");
+  if (program->WaitForEnd() != DWORD{0}) return Fail(&*program, L"The program did not end with 0.");
+  return 0;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+  const std::vector<std::wstring> words(arguments + 1, arguments + count);
+  if (words.size() == 3 && words[0] == L"search") return Search(words[1], words[2]);
+  if (words.size() == 1 && words[0] == L"close") return Close();
+  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | kvez_demo close");
+}

@@ -1,0 +1,286 @@
+#include "tests/support/program_driver.h"
+
+#include <commctrl.h>
+
+#include <chrono>
+#include <thread>
+#include <utility>
+
+#include "mainwindow/control_ids.h"
+
+namespace kvez::test {
+namespace {
+
+struct Search {
+  DWORD processId;
+  const wchar_t* className;
+  bool visibleOnly;
+  HWND found;
+};
+
+BOOL CALLBACK Look(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  if (search.processId != 0 && owner != search.processId) return TRUE;
+  if (search.visibleOnly && !IsWindowVisible(window)) return TRUE;
+  wchar_t name[64] = {};
+  GetClassNameW(window, name, 64);
+  if (lstrcmpW(name, search.className) != 0) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+HWND FindTopLevel(DWORD processId, const wchar_t* className, bool visibleOnly) {
+  Search search{processId, className, visibleOnly, nullptr};
+  EnumWindows(&Look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+BOOL CALLBACK LookForId(HWND window, LPARAM parameter) {
+  auto& wanted = *reinterpret_cast<std::pair<int, HWND>*>(parameter);
+  if (GetDlgCtrlID(window) != wanted.first) return TRUE;
+  wanted.second = window;
+  return FALSE;
+}
+
+INPUT KeyInput(WORD virtualKey, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = virtualKey;
+  input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC));
+  input.ki.dwFlags = flags;
+  return input;
+}
+
+void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
+
+constexpr const wchar_t* kMainWindowClass = L"KvezHlavni";
+constexpr const wchar_t* kDialogClass = L"#32770";
+constexpr int kMessageTextId = 65535;
+
+}  // namespace
+
+bool WaitUntil(const std::function<bool()>& condition, double seconds) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return condition();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return true;
+}
+
+void TypeText(const std::wstring& text) {
+  std::vector<INPUT> inputs;
+  for (const wchar_t character : text) {
+    for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
+      INPUT input{};
+      input.type = INPUT_KEYBOARD;
+      input.ki.wScan = static_cast<WORD>(character);
+      input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+      inputs.push_back(input);
+    }
+  }
+  Send(inputs);
+}
+
+void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
+  const std::pair<bool, WORD> modifiers[] = {{control, VK_CONTROL}, {shift, VK_SHIFT}, {alt, VK_MENU}};
+  std::vector<INPUT> inputs;
+  for (const auto& [held, key] : modifiers) {
+    if (held) inputs.push_back(KeyInput(key, 0));
+  }
+  inputs.push_back(KeyInput(virtualKey, 0));
+  inputs.push_back(KeyInput(virtualKey, KEYEVENTF_KEYUP));
+  for (const auto& [held, key] : modifiers) {
+    if (held) inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
+  }
+  Send(inputs);
+}
+
+void MovePointer(POINT screen) {
+  const int width = GetSystemMetrics(SM_CXSCREEN);
+  const int height = GetSystemMetrics(SM_CYSCREEN);
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  // Absolute coordinates run from 0 to 65535; the half pixel keeps the rounding inside the wanted one.
+  input.mi.dx = static_cast<LONG>((screen.x + 0.5) * 65536.0 / width);
+  input.mi.dy = static_cast<LONG>((screen.y + 0.5) * 65536.0 / height);
+  input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+  SendInput(1, &input, sizeof input);
+}
+
+void ClickAt(POINT screen, bool rightButton) {
+  MovePointer(screen);
+  INPUT inputs[2] = {};
+  inputs[0].type = inputs[1].type = INPUT_MOUSE;
+  inputs[0].mi.dwFlags = static_cast<DWORD>(rightButton ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+  inputs[1].mi.dwFlags = static_cast<DWORD>(rightButton ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+  SendInput(2, inputs, sizeof(INPUT));
+}
+
+POINT CentreOf(HWND window) {
+  RECT bounds{};
+  GetWindowRect(window, &bounds);
+  return {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+}
+
+std::wstring WindowText(HWND window) {
+  const auto length = static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
+  std::wstring text(length + 1, L'\0');
+  const auto copied = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(copied));
+  return text;
+}
+
+std::wstring StatusText(HWND statusBar, int panel) {
+  DWORD processId = 0;
+  GetWindowThreadProcessId(statusBar, &processId);
+  const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processId);
+  if (process == nullptr) return {};
+  // The text is written into the memory of the bar's own process.
+  const SIZE_T bytes = 2048 * sizeof(wchar_t);
+  void* remote = VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+  const LRESULT length =
+      SendMessageW(statusBar, SB_GETTEXTW, static_cast<WPARAM>(panel), reinterpret_cast<LPARAM>(remote));
+  std::wstring text(LOWORD(length), L'\0');
+  ReadProcessMemory(process, remote, text.data(), text.size() * sizeof(wchar_t), nullptr);
+  VirtualFreeEx(process, remote, 0, MEM_RELEASE);
+  CloseHandle(process);
+  return text;
+}
+
+Program::Program(const std::wstring& exe) {
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION information{};
+  std::wstring command = L"\"" + exe + L"\"";
+  if (!CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &information)) {
+    return;
+  }
+  CloseHandle(information.hThread);
+  m_process = information.hProcess;
+  m_processId = information.dwProcessId;
+}
+
+Program::Program(HANDLE process, DWORD processId) : m_process(process), m_processId(processId) {}
+
+Program::Program(Program&& other) noexcept
+    : m_process(std::exchange(other.m_process, nullptr)), m_processId(other.m_processId), m_kill(other.m_kill) {}
+
+std::optional<Program> Program::Running() {
+  const HWND window = FindTopLevel(0, kMainWindowClass, false);
+  if (window == nullptr) return std::nullopt;
+  DWORD processId = 0;
+  GetWindowThreadProcessId(window, &processId);
+  const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId);
+  if (process == nullptr) return std::nullopt;
+  return Program(process, processId);
+}
+
+Program::~Program() {
+  if (m_process == nullptr) return;
+  if (m_kill && !HasEnded()) Kill();
+  CloseHandle(m_process);
+}
+
+bool Program::HasEnded() const { return m_process == nullptr || WaitForSingleObject(m_process, 0) == WAIT_OBJECT_0; }
+
+std::optional<DWORD> Program::WaitForEnd(double seconds) {
+  if (!WaitUntil([this] { return HasEnded(); }, seconds)) return std::nullopt;
+  DWORD code = 0;
+  if (!GetExitCodeProcess(m_process, &code)) return std::nullopt;
+  return code;
+}
+
+void Program::Kill() {
+  TerminateProcess(m_process, 99);
+  WaitForSingleObject(m_process, 10000);
+}
+
+HWND Program::MainWindow() const { return FindTopLevel(m_processId, kMainWindowClass, false); }
+
+bool Program::WaitReady(double seconds) const {
+  return WaitUntil(
+      [this] {
+        return MainWindow() != nullptr && IsWindowVisible(MainWindow()) && Control(kPicMPSCPI) != nullptr &&
+               !IsShown(kPicMPSCPI) && (IsChecked(kOptMPSC) || IsChecked(kOptMPSC + 1) || IsChecked(kOptMPSC + 2));
+      },
+      seconds);
+}
+
+HWND Program::Control(int id) const {
+  std::pair<int, HWND> wanted{id, nullptr};
+  EnumChildWindows(MainWindow(), &LookForId, reinterpret_cast<LPARAM>(&wanted));
+  return wanted.second;
+}
+
+HWND Program::StatusBar() const { return FindWindowExW(MainWindow(), nullptr, L"msctls_statusbar32", nullptr); }
+
+bool Program::IsShown(int id) const { return (GetWindowLongPtrW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0; }
+
+bool Program::IsChecked(int id) const { return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+
+int Program::ListCount(int id) const { return static_cast<int>(SendMessageW(Control(id), LB_GETCOUNT, 0, 0)); }
+
+int Program::ListIndex(int id) const { return static_cast<int>(SendMessageW(Control(id), LB_GETCURSEL, 0, 0)); }
+
+std::wstring Program::ListText(int id, int row) const {
+  const HWND list = Control(id);
+  const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0);
+  if (length < 0) return {};
+  std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+  const LRESULT copied =
+      SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(copied < 0 ? 0 : static_cast<std::size_t>(copied));
+  return text;
+}
+
+std::vector<std::wstring> Program::ListTexts(int id) const {
+  std::vector<std::wstring> texts;
+  for (int row = 0, count = ListCount(id); row < count; ++row) texts.push_back(ListText(id, row));
+  return texts;
+}
+
+void Program::Focus(int id) const {
+  SetForegroundWindow(MainWindow());
+  ClickAt(CentreOf(Control(id)));
+  WaitUntil([this, id] {
+    GUITHREADINFO information{};
+    information.cbSize = sizeof information;
+    GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &information);
+    return information.hwndFocus == Control(id);
+  });
+}
+
+std::optional<Dialog> Program::OpenDialog() const {
+  const HWND window = FindTopLevel(m_processId, kDialogClass, true);
+  if (window == nullptr) return std::nullopt;
+  Dialog dialog{window, WindowText(window), {}};
+  if (const HWND text = GetDlgItem(window, kMessageTextId)) dialog.text = WindowText(text);
+  return dialog;
+}
+
+Dialog Program::WaitDialog(double seconds) const {
+  Dialog dialog;
+  WaitUntil(
+      [&] {
+        const auto open = OpenDialog();
+        if (open) dialog = *open;
+        return open.has_value();
+      },
+      seconds);
+  return dialog;
+}
+
+bool Program::Answer(const Dialog& dialog, int button) const {
+  // A dialog that has just come may not take the first press yet.
+  return WaitUntil([&] {
+    if (!IsWindow(dialog.window)) return true;
+    PostMessageW(GetDlgItem(dialog.window, button), BM_CLICK, 0, 0);
+    return WaitUntil([&] { return !IsWindow(dialog.window); }, 1.0);
+  });
+}
+
+}  // namespace kvez::test

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvez::test {
+
+/// Waits until `condition` holds and returns true; false after `seconds`. Nothing else in the tests waits for a time.
+bool WaitUntil(const std::function<bool()>& condition, double seconds = 20.0);
+
+/// Real input, as from the keyboard and the pointer.
+void TypeText(const std::wstring& text);
+void PressKey(WORD virtualKey, bool control = false, bool shift = false, bool alt = false);
+void MovePointer(POINT screen);
+void ClickAt(POINT screen, bool rightButton = false);
+POINT CentreOf(HWND window);
+
+/// Texts of another process's windows.
+std::wstring WindowText(HWND window);
+std::wstring StatusText(HWND statusBar, int panel);
+
+/// A message box of the program, or any other of its dialogs.
+struct Dialog {
+  HWND window = nullptr;
+  std::wstring caption;
+  std::wstring text;
+};
+
+/// The program in a process of its own, driven from outside like by its user.
+class Program {
+ public:
+  /// Starts `exe`. The working folder is that of the caller: the program must not depend on it.
+  explicit Program(const std::wstring& exe);
+  /// Takes over a running program by its main window; nothing when there is none.
+  static std::optional<Program> Running();
+  Program(Program&& other) noexcept;
+  Program& operator=(Program&&) = delete;
+  ~Program();  // ends the process when it still runs
+
+  DWORD ProcessId() const { return m_processId; }
+  bool HasEnded() const;
+  /// Waits for the end of the process; its exit code.
+  std::optional<DWORD> WaitForEnd(double seconds = 20.0);
+  void Kill();
+  /// Lets the process live on after this object.
+  void Release() { m_kill = false; }
+
+  HWND MainWindow() const;
+  /// True once the main window is loaded: shown, the message panel hidden again, a search mode chosen.
+  bool WaitReady(double seconds = 60.0) const;
+  HWND Control(int id) const;
+  HWND StatusBar() const;
+
+  std::wstring Text(int id) const { return WindowText(Control(id)); }
+  bool IsShown(int id) const;
+  bool IsEnabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
+  bool IsChecked(int id) const;
+  int ListCount(int id) const;
+  int ListIndex(int id) const;
+  std::wstring ListText(int id, int row) const;
+  std::vector<std::wstring> ListTexts(int id) const;
+
+  /// Brings the window to the front and gives a control the focus by a click into it.
+  void Focus(int id) const;
+  void Click(int id, bool rightButton = false) const { ClickAt(CentreOf(Control(id)), rightButton); }
+
+  /// The open dialog of the process, waiting for it to come; an empty one when it does not.
+  Dialog WaitDialog(double seconds = 20.0) const;
+  std::optional<Dialog> OpenDialog() const;
+  /// Presses the button of that id (IDOK, IDYES, IDNO) and waits until the dialog is gone.
+  bool Answer(const Dialog& dialog, int button) const;
+
+ private:
+  Program(HANDLE process, DWORD processId);
+
+  HANDLE m_process = nullptr;
+  DWORD m_processId = 0;
+  bool m_kill = true;
+};
+
+}  // namespace kvez::test
