@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace kvez {
+
+/// The machine's clock in its own time zone.
+class WindowsClock : public Clock {
+ public:
+  DateTime Now() override;
+};
+
+}  // namespace kvez
