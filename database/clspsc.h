@@ -1,17 +1,25 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "database/data_files.h"
+#include "database/field_reader.h"
 #include "database/list_box.h"
+#include "database/municipality_list.h"
+#include "database/post_office_index.h"
 #include "database/progress_window.h"
 #include "database/records.h"
 #include "platform/platform.h"
 
 namespace kvez {
+
+/// How a postal code is shown: 110 00, with its leading zeros.
+inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
 
 /// The one database object: municipalities, delivery post offices, districts, the current result and its cursors.
 ///
@@ -68,6 +76,59 @@ class clspsc {
   std::wstring pscVybran() const;
   std::wstring pscoVybran() const;
   std::wstring pVybran() const;
+
+ private:
+  bool ReadDataFile(const DataFile& file, ProgressWindow& window,
+                    const std::function<void(FieldReader&)>& appendRecord);
+  bool Expand(const DataFile& file);
+  void ShowDamaged(const DataFile& file);
+
+  // Without a window no progress is shown.
+  void ReleaseMunicipalities(ProgressWindow* window);
+  void ReleasePostOffices(ProgressWindow* window);
+  void ReleaseDistricts(ProgressWindow* window);
+  void ReleaseResult();
+
+  void BeginSearch(ListBox& list);
+  void AddMatch(std::size_t municipality);
+  void FillResultList(ListBox& list);
+
+  void SelectNoMunicipality();
+  const std::wstring& FormattedCode(std::int32_t code) const;
+
+  Platform m_platform;
+  std::wstring m_programFolder;
+
+  // The counts are copies of the lists' sizes, refreshed after each change; whoever asks in the middle of a loading
+  // or a release still gets the count from before it.
+  std::int32_t m_position = 0;  // municipality cursor
+  bool m_found = false;
+  MunicipalityList m_municipalities;
+  std::int32_t m_municipalityCount = 0;
+  std::int32_t m_resultCursor = 0;  // also the running index of every walk over the result
+  std::vector<tpclspsc> m_result;
+  std::int32_t m_resultCount = 0;
+  std::vector<tclsdodavaci> m_postOffices;
+  std::int32_t m_postOfficeCount = 0;
+  std::vector<tclsokresy> m_districts;
+  std::int32_t m_districtCount = 0;
+
+  PostOfficeIndex m_postOfficeIndex;
+
+  // The current municipality. They keep their values when the lists are released.
+  std::int32_t m_currentCode = 0;
+  std::wstring m_currentName;
+  std::wstring m_currentDistrictName;
+  std::wstring m_currentPostOffice;
+  bool m_hasCurrent = false;
+
+  // The current district.
+  std::int32_t m_districtCursor = 0;
+  std::int32_t m_currentDistrictCode = 0;
+  std::wstring m_currentDistrict;
+
+  // The platform's formatter is slow and many municipalities share a code, so each code is formatted once.
+  mutable std::unordered_map<std::int32_t, std::wstring> m_formattedCodes;
 };
 
 }  // namespace kvez

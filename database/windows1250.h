@@ -11,6 +11,7 @@ namespace kvez {
 /// The code page of the data files, whatever the machine's own is.
 wchar_t FromWindows1250(std::uint8_t byte);
 std::wstring FromWindows1250(std::span<const std::uint8_t> bytes);
+std::wstring FromWindows1250(std::string_view bytes);
 
 /// The byte of one character, or nothing when the code page lacks it.
 std::optional<std::uint8_t> ToWindows1250(wchar_t character);

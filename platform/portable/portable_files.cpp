@@ -5,10 +5,12 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/portable/portable_path.h"
+
 namespace kvez {
 
 std::optional<std::vector<std::uint8_t>> PortableFiles::Read(const std::wstring& path) {
-  const std::filesystem::path file(path);
+  const std::filesystem::path file = PortablePath(path);
   std::error_code error;
   // A folder opens like a file on some systems and then has no bytes.
   if (!std::filesystem::is_regular_file(file, error)) return std::nullopt;
@@ -23,7 +25,7 @@ std::optional<std::vector<std::uint8_t>> PortableFiles::Read(const std::wstring&
 
 std::optional<DateTime> PortableFiles::LastWriteTime(const std::wstring& path) {
   std::error_code error;
-  const auto written = std::filesystem::last_write_time(std::filesystem::path(path), error);
+  const auto written = std::filesystem::last_write_time(PortablePath(path), error);
   if (error) return std::nullopt;
   const auto sinceEpoch = std::chrono::file_clock::to_sys(written).time_since_epoch();
   const auto seconds = static_cast<std::time_t>(std::chrono::duration_cast<std::chrono::seconds>(sinceEpoch).count());

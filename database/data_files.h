@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+namespace kvez {
+
+/// One of the three data files. The names carry the leading separator, because the program's folder comes without
+/// a trailing one.
+struct DataFile {
+  std::wstring_view compressed;  // kept and delivered
+  std::wstring_view expanded;    // exists only while the file is being read
+  std::wstring_view damaged;     // the message when it cannot be read
+};
+
+inline constexpr DataFile kMunicipalityFile = {L"\\vd1.kl_", L"\\vd1.bin",
+                                               L"Soubor se seznamem PSČ je poškozen nebo neexistuje !"};
+inline constexpr DataFile kPostOfficeFile = {L"\\vd2.kl_", L"\\vd2.bin",
+                                             L"Soubor se seznamem podávacích pošt je poškozen nebo neexistuje !"};
+inline constexpr DataFile kDistrictFile = {L"\\vd3.kl_", L"\\vd3.bin",
+                                           L"Soubor se seznamem okresů je poškozen nebo neexistuje !"};
+
+}  // namespace kvez

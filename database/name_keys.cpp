@@ -1,0 +1,154 @@
+#include "database/name_keys.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "database/fold.h"
+#include "database/name_normalisation.h"
+#include "database/windows1250.h"
+
+namespace kvez {
+namespace {
+
+// The digraph "ch" is one letter. The rules below keep a pattern from ending or beginning in the middle of it. The
+// pattern "ch" itself needs no exception: it neither ends in "c" nor begins with "h".
+
+bool BeginsWith(std::string_view name, std::string_view pattern) {
+  if (pattern.size() >= name.size()) return name == pattern;
+  if (name.front() != pattern.front() || !name.starts_with(pattern)) return false;
+  return pattern.back() != 'c' || name[pattern.size()] != 'h';
+}
+
+bool EndsWith(std::string_view name, std::string_view pattern) {
+  if (pattern.size() >= name.size()) return name == pattern;
+  if (name.back() != pattern.back() || !name.ends_with(pattern)) return false;
+  return pattern.front() != 'h' || name[name.size() - pattern.size() - 1] != 'c';
+}
+
+// Whether the first occurrence of a shorter pattern, `position` characters into the name, counts. A later occurrence
+// is not asked about when it does not.
+bool OccurrenceCounts(std::string_view name, std::string_view pattern, std::size_t position) {
+  if (position == 0) return pattern.back() != 'c' || name[pattern.size()] != 'h';
+  // The character looked at is the one before the pattern if the pattern stood at the end of the name, wherever it
+  // was found. It is the rule of EndsWith, taken over as it is on purpose.
+  return pattern.front() != 'h' || name[name.size() - pattern.size() - 1] != 'c';
+}
+
+// The place of `needle` in `text` from `from` on. Most places fail on the first or the last character, so whole
+// blocks are judged by these two: a loop without an early way out lets the compiler compare many bytes at once.
+std::size_t FindFrom(std::string_view text, std::string_view needle, std::size_t from) {
+  constexpr std::size_t kBlock = 128;
+  const std::size_t last = needle.size() - 1;
+  const char* const begin = text.data();
+  std::size_t i = from;
+  for (; i + kBlock + last <= text.size(); i += kBlock) {
+    unsigned char candidates = 0;
+    for (std::size_t k = 0; k < kBlock; ++k) {
+      candidates =
+          static_cast<unsigned char>(candidates | static_cast<unsigned char>((begin[i + k] == needle.front()) &
+                                                                             (begin[i + k + last] == needle[last])));
+    }
+    if (candidates == 0) continue;
+    const std::size_t found = text.substr(i, kBlock + last).find(needle);
+    if (found != std::string_view::npos) return i + found;
+  }
+  return text.find(needle, i);
+}
+
+// Nothing when the text has a character that no name can have.
+std::optional<std::string> Folded(std::wstring_view text) {
+  std::string bytes;
+  for (const wchar_t character : text) {
+    const auto byte = ToWindows1250(character);
+    if (!byte) return std::nullopt;
+    bytes.push_back(static_cast<char>(FoldTable1250()[*byte]));
+  }
+  return bytes;
+}
+
+tpclspsc PositionOf(std::size_t index) {
+  tpclspsc position;
+  position.tpPozice(static_cast<std::int32_t>(index + 1));
+  return position;
+}
+
+}  // namespace
+
+void NameKeys::Append(std::string_view name) {
+  const auto& fold = FoldTable1250();
+  const std::string_view normalised = NormalisedName(name);
+  const std::size_t begin = m_text.size();
+  m_text.append(normalised);
+  std::transform(m_text.begin() + static_cast<std::ptrdiff_t>(begin), m_text.end(),
+                 m_text.begin() + static_cast<std::ptrdiff_t>(begin),
+                 [&fold](char byte) { return static_cast<char>(fold[static_cast<std::uint8_t>(byte)]); });
+  m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
+}
+
+void NameKeys::RemoveLast() {
+  m_ends.pop_back();
+  m_text.resize(m_ends.empty() ? 0 : m_ends.back());
+}
+
+std::string_view NameKeys::Key(std::size_t index) const {
+  const std::size_t begin = index == 0 ? 0 : m_ends[index - 1];
+  return std::string_view(m_text).substr(begin, m_ends[index] - begin);
+}
+
+std::vector<tpclspsc> NameKeys::Find(const NamePattern& pattern) const {
+  std::vector<tpclspsc> found;
+  const auto text = Folded(pattern.text);
+  const auto right = Folded(pattern.right);
+  if (!text || !right || text->empty()) return found;
+  switch (pattern.mode) {
+    case NameMode::Whole:
+      FindEach(found, [&](std::string_view name) { return name == *text; });
+      break;
+    case NameMode::BeginsWith:
+      FindEach(found, [&](std::string_view name) { return BeginsWith(name, *text); });
+      break;
+    case NameMode::EndsWith:
+      FindEach(found, [&](std::string_view name) { return EndsWith(name, *text); });
+      break;
+    case NameMode::BeginsAndEndsWith:
+      // When the two parts are together as long as the name, their tests make it their concatenation by themselves.
+      FindEach(found, [&](std::string_view name) { return BeginsWith(name, *text) && EndsWith(name, *right); });
+      break;
+    case NameMode::Contains:
+      FindContaining(found, *text);
+      break;
+  }
+  return found;
+}
+
+template <class Matches>
+void NameKeys::FindEach(std::vector<tpclspsc>& found, Matches matches) const {
+  const std::string_view text(m_text);
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < m_ends.size(); ++i) {
+    const std::size_t end = m_ends[i];
+    if (matches(text.substr(begin, end - begin))) found.push_back(PositionOf(i));
+    begin = end;
+  }
+}
+
+void NameKeys::FindContaining(std::vector<tpclspsc>& found, std::string_view pattern) const {
+  const std::string_view text(m_text);
+  std::size_t index = 0;
+  std::size_t place = FindFrom(text, pattern, 0);
+  while (place != std::string_view::npos) {
+    while (m_ends[index] <= place) ++index;
+    const std::string_view name = Key(index);
+    const std::size_t begin = m_ends[index] - name.size();
+    if (place + pattern.size() > m_ends[index]) {
+      ++place;  // half in this name, half in the next: no occurrence
+    } else {
+      const bool whole = name.size() == pattern.size();
+      if (whole || OccurrenceCounts(name, pattern, place - begin)) found.push_back(PositionOf(index));
+      place = m_ends[index];
+    }
+    place = FindFrom(text, pattern, place);
+  }
+}
+
+}  // namespace kvez
