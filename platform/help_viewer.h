@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace kvez {
+
+/// The system's viewer of compiled help files.
+class HelpViewer {
+ public:
+  virtual ~HelpViewer() = default;
+
+  /// Opens a help file at its default topic. A file that is none opens nothing.
+  virtual void Show(const std::wstring& path) = 0;
+
+  /// Closes every help window that this program has opened.
+  virtual void CloseAll() = 0;
+};
+
+}  // namespace kvez
