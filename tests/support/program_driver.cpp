@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <chrono>
+#include <cstdint>
 #include <thread>
 #include <utility>
 
@@ -12,29 +13,38 @@ namespace kvez::test {
 namespace {
 
 struct Search {
-  DWORD processId;
-  const wchar_t* className;
-  bool visibleOnly;
+  DWORD processId;  // 0 for any
+  bool dialog;      // a shown dialog, or else the main window
   HWND found;
 };
+
+constexpr const wchar_t* kTitle = L"Kvez";
+constexpr const wchar_t* kDialogClass = L"#32770";
+constexpr int kMessageTextId = 65535;
 
 BOOL CALLBACK Look(HWND window, LPARAM parameter) {
   auto& search = *reinterpret_cast<Search*>(parameter);
   DWORD owner = 0;
   GetWindowThreadProcessId(window, &owner);
   if (search.processId != 0 && owner != search.processId) return TRUE;
-  if (search.visibleOnly && !IsWindowVisible(window)) return TRUE;
   wchar_t name[64] = {};
   GetClassNameW(window, name, 64);
-  if (lstrcmpW(name, search.className) != 0) return TRUE;
+  const bool isDialog = lstrcmpW(name, kDialogClass) == 0;
+  if (isDialog != search.dialog) return TRUE;
+  if (isDialog ? !IsWindowVisible(window) : WindowText(window) != kTitle) return TRUE;
   search.found = window;
   return FALSE;
 }
 
-HWND FindTopLevel(DWORD processId, const wchar_t* className, bool visibleOnly) {
-  Search search{processId, className, visibleOnly, nullptr};
+HWND FindTopLevel(DWORD processId, bool dialog) {
+  Search search{processId, dialog, nullptr};
   EnumWindows(&Look, reinterpret_cast<LPARAM>(&search));
   return search.found;
+}
+
+BOOL CALLBACK CountWindow(HWND, LPARAM parameter) {
+  ++*reinterpret_cast<int*>(parameter);
+  return TRUE;
 }
 
 BOOL CALLBACK LookForId(HWND window, LPARAM parameter) {
@@ -54,10 +64,6 @@ INPUT KeyInput(WORD virtualKey, DWORD flags) {
 }
 
 void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
-
-constexpr const wchar_t* kMainWindowClass = L"KvezHlavni";
-constexpr const wchar_t* kDialogClass = L"#32770";
-constexpr int kMessageTextId = 65535;
 
 }  // namespace
 
@@ -170,7 +176,7 @@ Program::Program(Program&& other) noexcept
     : m_process(std::exchange(other.m_process, nullptr)), m_processId(other.m_processId), m_kill(other.m_kill) {}
 
 std::optional<Program> Program::Running() {
-  const HWND window = FindTopLevel(0, kMainWindowClass, false);
+  const HWND window = FindTopLevel(0, false);
   if (window == nullptr) return std::nullopt;
   DWORD processId = 0;
   GetWindowThreadProcessId(window, &processId);
@@ -199,7 +205,7 @@ void Program::Kill() {
   WaitForSingleObject(m_process, 10000);
 }
 
-HWND Program::MainWindow() const { return FindTopLevel(m_processId, kMainWindowClass, false); }
+HWND Program::MainWindow() const { return FindTopLevel(m_processId, false); }
 
 bool Program::WaitReady(double seconds) const {
   return WaitUntil(
@@ -243,6 +249,41 @@ std::vector<std::wstring> Program::ListTexts(int id) const {
   return texts;
 }
 
+int Program::GdiObjects() const {
+  if (const DWORD count = GetGuiResources(m_process, GR_GDIOBJECTS)) return static_cast<int>(count);
+  // Wine answers 0; there each process has a table of its own, which its process block points to.
+  struct BasicInformation {
+    void* status;
+    std::uintptr_t processBlock;
+    void* rest[4];
+  };
+  using Query = LONG(WINAPI*)(HANDLE, int, void*, ULONG, ULONG*);
+  const auto query = reinterpret_cast<Query>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess")));
+  BasicInformation information{};
+  if (query == nullptr || query(m_process, 0, &information, sizeof information, nullptr) != 0) return -1;
+  std::uintptr_t table = 0;
+  const auto read = [this](std::uintptr_t from, void* to, std::size_t size) {
+    return ReadProcessMemory(m_process, reinterpret_cast<void*>(from), to, size, nullptr) != FALSE;
+  };
+  if (!read(information.processBlock + 0xF8, &table, sizeof table)) return -1;
+  constexpr std::size_t kEntries = 0x4000;
+  constexpr std::size_t kEntrySize = 24;
+  constexpr std::size_t kTypeOffset = 14;
+  std::vector<std::uint8_t> entries(kEntries * kEntrySize);
+  if (!read(table, entries.data(), entries.size())) return -1;
+  int count = 0;
+  for (std::size_t i = 0; i < kEntries; ++i) count += entries[i * kEntrySize + kTypeOffset] != 0 ? 1 : 0;
+  return count;
+}
+
+int Program::Windows() const {
+  int count = 0;
+  EnumThreadWindows(GetWindowThreadProcessId(MainWindow(), nullptr), &CountWindow, reinterpret_cast<LPARAM>(&count));
+  EnumChildWindows(MainWindow(), &CountWindow, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
 void Program::Focus(int id) const {
   SetForegroundWindow(MainWindow());
   ClickAt(CentreOf(Control(id)));
@@ -255,7 +296,7 @@ void Program::Focus(int id) const {
 }
 
 std::optional<Dialog> Program::OpenDialog() const {
-  const HWND window = FindTopLevel(m_processId, kDialogClass, true);
+  const HWND window = FindTopLevel(m_processId, true);
   if (window == nullptr) return std::nullopt;
   Dialog dialog{window, WindowText(window), {}};
   if (const HWND text = GetDlgItem(window, kMessageTextId)) dialog.text = WindowText(text);

@@ -49,6 +49,7 @@ class Program {
   /// Lets the process live on after this object.
   void Release() { m_kill = false; }
 
+  /// The window with the application's title that is no message box; null when there is none (yet).
   HWND MainWindow() const;
   /// True once the main window is loaded: shown, the message panel hidden again, a search mode chosen.
   bool WaitReady(double seconds = 60.0) const;
@@ -63,6 +64,10 @@ class Program {
   int ListIndex(int id) const;
   std::wstring ListText(int id, int row) const;
   std::vector<std::wstring> ListTexts(int id) const;
+
+  /// The GDI objects and the windows of the process, to be compared around many repetitions.
+  int GdiObjects() const;
+  int Windows() const;
 
   /// Brings the window to the front and gives a control the focus by a click into it.
   void Focus(int id) const;

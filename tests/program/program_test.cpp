@@ -1,0 +1,81 @@
+#include "tests/program/program_test.h"
+
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+
+namespace kvez::test {
+namespace {
+
+constexpr const wchar_t* kSettings = L"Software\\VB and VBA Program Settings\\VD";
+
+// The build names folders as the machine that builds does; its root is drive Z here.
+std::filesystem::path Native(const char* path) { return std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path; }
+
+std::wstring FromUtf8(const std::string& bytes) {
+  const int length = static_cast<int>(bytes.size());
+  std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0)), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), static_cast<int>(text.size()));
+  return text;
+}
+
+}  // namespace
+
+std::vector<TableRow> ReadTable(const char* name) {
+  std::ifstream stream(Native(KVEZ_SOURCE_DIR) / "data" / name);
+  std::vector<TableRow> rows;
+  std::string line;
+  std::getline(stream, line);  // the heading
+  while (std::getline(stream, line)) {
+    TableRow row(1);
+    for (const wchar_t character : FromUtf8(line)) {
+      if (character == L';') {
+        row.emplace_back();
+      } else if (character != L'\r') {
+        row.back() += character;
+      }
+    }
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+void ProgramTest::SetUp() {
+  RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
+  const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+  m_folder = Native(KVEZ_BINARY_DIR) / "program-tests" / (std::string(test->test_suite_name()) + "." + test->name());
+  std::filesystem::remove_all(m_folder);
+  std::filesystem::create_directories(m_folder);
+  for (const char* file : {"kvez.exe", "vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
+    std::filesystem::copy_file(Native(KVEZ_PROGRAM_FOLDER) / file, m_folder / file);
+  }
+}
+
+void ProgramTest::TearDown() {
+  RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
+  std::error_code ignored;
+  // A failed test keeps its folder for whoever looks into it.
+  if (!HasFailure()) std::filesystem::remove_all(m_folder, ignored);
+}
+
+void ProgramTest::MoveFolder(const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
+  for (const auto& entry : std::filesystem::directory_iterator(m_folder)) {
+    if (entry.is_regular_file()) std::filesystem::rename(entry.path(), folder / entry.path().filename());
+  }
+  m_folder = folder;
+}
+
+void ProgramTest::SaveSetting(const std::wstring& key, const std::wstring& value) {
+  RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(kSettings) + L"\\VDKVEZ").c_str(), key.c_str(), REG_SZ,
+                  value.c_str(), static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+}
+
+bool ProgramTest::HasNoExpandedFiles() const {
+  for (const auto& entry : std::filesystem::directory_iterator(m_folder)) {
+    if (entry.path().extension() == L".bin") return false;
+  }
+  return true;
+}
+
+}  // namespace kvez::test

@@ -1,0 +1,118 @@
+// Ten thousand events that nobody would think of.
+
+#include <random>
+
+#include "tests/program/program_test.h"
+
+namespace kvez::test {
+namespace {
+
+constexpr int kEvents = 10000;
+constexpr int kBatch = 50;
+constexpr unsigned kSeed = 20251;
+
+class RandomInput : public ProgramTest {
+ protected:
+  // A point of the window, but none on a command button: those start other programs and downloads.
+  POINT RandomPoint(const Program& program) {
+    RECT area{};
+    GetClientRect(program.MainWindow(), &area);
+    for (;;) {
+      POINT point{Pick(0, area.right - 1), Pick(0, area.bottom - 1)};
+      ClientToScreen(program.MainWindow(), &point);
+      const int id = GetDlgCtrlID(WindowFromPoint(point));
+      if (id < kTlHAktualizace || id > kTlHStorno) return point;
+    }
+  }
+
+  void SendRandomEvent(const Program& program) {
+    static constexpr WORD kKeys[] = {VK_RETURN, VK_TAB,  VK_SHIFT,  VK_UP,    VK_DOWN, VK_LEFT,  VK_RIGHT, VK_HOME,
+                                     VK_END,    VK_BACK, VK_DELETE, VK_PRIOR, VK_NEXT, VK_SPACE, VK_ESCAPE};
+    static constexpr wchar_t kLetters[] = L"abcčdehkopPřsš0123456789 *?-().,";
+    static constexpr WORD kModes[] = {'P', 'M', 'O'};
+    switch (Pick(0, 9)) {
+      case 0:
+      case 1:
+      case 2:
+        TypeText(std::wstring(1, kLetters[Pick(0, static_cast<int>(std::size(kLetters)) - 2)]));
+        break;
+      case 3:
+      case 4:
+      case 5:
+        PressKey(kKeys[Pick(0, static_cast<int>(std::size(kKeys)) - 1)], false, Pick(0, 7) == 0);
+        break;
+      case 6:
+        PressKey(kModes[Pick(0, 2)], true);
+        break;
+      case 7:
+        MovePointer(RandomPoint(program));
+        break;
+      default:
+        ClickAt(RandomPoint(program), Pick(0, 9) == 0);
+        break;
+    }
+  }
+
+  // Waits until the program has worked all input off; closes whatever has opened in front of it.
+  static bool Settle(const Program& program) {
+    return WaitUntil(
+        [&] {
+          if (program.HasEnded()) return false;
+          DWORD_PTR ignored = 0;
+          const bool answers =
+              SendMessageTimeoutW(program.MainWindow(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 2000, &ignored) != 0;
+          if (const auto dialog = program.OpenDialog()) {
+            // No at a question, OK at a message.
+            program.Answer(*dialog, GetDlgItem(dialog->window, IDNO) != nullptr ? IDNO : IDOK);
+            return false;
+          }
+          GUITHREADINFO information{};
+          information.cbSize = sizeof information;
+          GetGUIThreadInfo(GetWindowThreadProcessId(program.MainWindow(), nullptr), &information);
+          if ((information.flags & GUI_INMENUMODE) != 0) {
+            PressKey(VK_ESCAPE);
+            return false;
+          }
+          return answers;
+        },
+        60.0);
+  }
+
+  int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_random); }
+
+  std::mt19937 m_random{kSeed};
+};
+
+TEST_F(RandomInput, TenThousandEventsLeaveTheProgramAliveAndItsHandlesWhereTheyWere) {
+  SaveSetting(L"nastavení0", L"1");
+  SaveSetting(L"nastavení2", L"1");
+  Program program(Exe());
+  ASSERT_TRUE(program.WaitReady());
+  program.Focus(kTxtMPSC);
+
+  int gdiAfterWarmUp = 0;
+  int windowsAfterWarmUp = 0;
+  for (int event = 0; event < kEvents; ++event) {
+    SendRandomEvent(program);
+    if (event % kBatch != kBatch - 1) continue;
+    ASSERT_TRUE(Settle(program)) << "after event " << event;
+    SetForegroundWindow(program.MainWindow());
+    if (event == kEvents / 5 - 1) {
+      gdiAfterWarmUp = program.GdiObjects();
+      windowsAfterWarmUp = program.Windows();
+    }
+  }
+  // What is shown at a moment may need a brush or a window more or less, but not more with every event.
+  EXPECT_GT(gdiAfterWarmUp, 0);
+  EXPECT_NEAR(program.GdiObjects(), gdiAfterWarmUp, 20);
+  EXPECT_NEAR(program.Windows(), windowsAfterWarmUp, 5);
+
+  PostMessageW(program.MainWindow(), WM_CLOSE, 0, 0);
+  const Dialog question = program.WaitDialog();
+  EXPECT_EQ(question.text, L"Přejete si program ukončit ?");
+  EXPECT_TRUE(program.Answer(question, IDYES));
+  EXPECT_EQ(program.WaitForEnd(), DWORD{0});
+}
+
+}  // namespace
+}  // namespace kvez::test
