@@ -26,7 +26,9 @@ bool IsSzdd(std::span<const std::uint8_t> file);
 SzddResult ExpandSzdd(std::span<const std::uint8_t> file);
 
 /// Compresses into an SZDD file. `lastCharacter` goes into the header: the last character of the uncompressed
-/// file's name, which the format replaces by "_".
+/// file's name, which the format replaces by "_". No stream of the format is shorter than the one made here (but for
+/// matches that begin in the last 18 bytes of the window, which are left out for expanders that fill it ahead).
+/// Throws std::length_error from 4 GiB on.
 std::vector<std::uint8_t> CompressSzdd(std::span<const std::uint8_t> plain, char lastCharacter);
 
 }  // namespace kvez
