@@ -37,15 +37,25 @@ class Owned {
   Handle m_handle{};
 };
 
-using OwnedFont = Owned<HFONT, [](HFONT font) { DeleteObject(font); }>;
-using OwnedBrush = Owned<HBRUSH, [](HBRUSH brush) { DeleteObject(brush); }>;
-using OwnedPen = Owned<HPEN, [](HPEN pen) { DeleteObject(pen); }>;
-using OwnedBitmap = Owned<HBITMAP, [](HBITMAP bitmap) { DeleteObject(bitmap); }>;
-using OwnedMemoryContext = Owned<HDC, [](HDC context) { DeleteDC(context); }>;
-using OwnedIcon = Owned<HICON, [](HICON icon) { DestroyIcon(icon); }>;
-using OwnedMenu = Owned<HMENU, [](HMENU menu) { DestroyMenu(menu); }>;
-using OwnedFile = Owned<HANDLE, [](HANDLE file) { CloseHandle(file); }>;
-using OwnedRegistryKey = Owned<HKEY, [](HKEY key) { RegCloseKey(key); }>;
+/// Named functions, not lambdas: the type of a class's member must be the same in every file.
+namespace release {
+inline void Object(HGDIOBJ object) { DeleteObject(object); }
+inline void Context(HDC context) { DeleteDC(context); }
+inline void Icon(HICON icon) { DestroyIcon(icon); }
+inline void Menu(HMENU menu) { DestroyMenu(menu); }
+inline void File(HANDLE file) { CloseHandle(file); }
+inline void RegistryKey(HKEY key) { RegCloseKey(key); }
+}  // namespace release
+
+using OwnedFont = Owned<HFONT, &release::Object>;
+using OwnedBrush = Owned<HBRUSH, &release::Object>;
+using OwnedPen = Owned<HPEN, &release::Object>;
+using OwnedBitmap = Owned<HBITMAP, &release::Object>;
+using OwnedMemoryContext = Owned<HDC, &release::Context>;
+using OwnedIcon = Owned<HICON, &release::Icon>;
+using OwnedMenu = Owned<HMENU, &release::Menu>;
+using OwnedFile = Owned<HANDLE, &release::File>;
+using OwnedRegistryKey = Owned<HKEY, &release::RegistryKey>;
 
 /// Selects an object into a device context and puts the previous one back.
 class ObjectSelection {

@@ -1,0 +1,133 @@
+#include "forms/containers.h"
+
+#include <oleacc.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "forms/form.h"
+
+namespace kvez::forms {
+namespace {
+
+RECT ClientOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return client;
+}
+
+}  // namespace
+
+void Frame::Create(Container& container, int id, const Place& place, std::wstring_view caption) {
+  Parameters parameters = Prepare(container, id, place, BS_GROUPBOX | WS_GROUP | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
+  const std::wstring text(caption);
+  parameters.text = text.c_str();
+  CreateNative(L"BUTTON", parameters);
+  Finish();
+}
+
+LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto reflected = Reflect(message, wParam, lParam)) return *reflected;
+  switch (message) {
+    case WM_ERASEBKGND: {
+      // A group box leaves its inside to the window behind; this one has to hide it.
+      const RECT client = ClientOf(Handle());
+      FillRect(reinterpret_cast<HDC>(wParam), &client, BackBrush());
+      return 1;
+    }
+    case WM_NCHITTEST:
+      // For the same reason it lets the mouse through to what lies behind.
+      return HTCLIENT;
+    default:
+      return Control::OnMessage(message, wParam, lParam);
+  }
+}
+
+void PictureBox::Create(Container& container, int id, const Place& place, PictureBorder border) {
+  m_border = border;
+  const DWORD style = border == PictureBorder::Single ? DWORD{WS_BORDER} : 0UL;
+  const DWORD extended = border == PictureBorder::Sunken ? DWORD{WS_EX_CLIENTEDGE} : 0UL;
+  CreateOwn(L"KvezPicture", Prepare(container, id, place, style | WS_CLIPCHILDREN, extended | WS_EX_CONTROLPARENT));
+  Finish();
+}
+
+float PictureBox::ScaleWidth() const {
+  return static_cast<float>(ClientOf(Handle()).right) * Control::OwnerForm().TwipsPerPixel();
+}
+
+float PictureBox::ScaleHeight() const {
+  return static_cast<float>(ClientOf(Handle()).bottom) * Control::OwnerForm().TwipsPerPixel();
+}
+
+void PictureBox::FillRectangle(float left, float top, float right, float bottom) {
+  const Filled filled{left, top, right, bottom, ForeColor()};
+  // A growing bar is one rectangle, not one for each step.
+  std::erase_if(m_filled, [&](const Filled& old) {
+    return old.left >= left && old.top >= top && old.right <= right && old.bottom <= bottom;
+  });
+  m_filled.push_back(filled);
+  if (Handle() == nullptr) return;
+  const RECT pixels = ToPixels(filled);
+  InvalidateRect(Handle(), &pixels, FALSE);
+  if (m_isProgressBar) NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
+}
+
+void PictureBox::Cls() {
+  m_filled.clear();
+  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+RECT PictureBox::ToPixels(const Filled& filled) const {
+  const float twipsPerPixel = Control::OwnerForm().TwipsPerPixel();
+  const auto pixels = [twipsPerPixel](float twips) { return std::lround(twips / twipsPerPixel); };
+  return {pixels(filled.left), pixels(filled.top), pixels(filled.right), pixels(filled.bottom)};
+}
+
+void PictureBox::DrawInto(HDC context) const {
+  const RECT client = ClientOf(Handle());
+  FillRect(context, &client, BackBrush());
+  for (const Filled& filled : m_filled) {
+    const RECT pixels = ToPixels(filled);
+    const OwnedBrush brush(CreateSolidBrush(filled.color));
+    FillRect(context, &pixels, brush.Get());
+  }
+}
+
+void PictureBox::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(Handle(), &paint);
+  DrawInto(context);
+  EndPaint(Handle(), &paint);
+}
+
+LRESULT PictureBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto reflected = Reflect(message, wParam, lParam)) return *reflected;
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;  // painting covers everything
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_PRINTCLIENT:
+      DrawInto(reinterpret_cast<HDC>(wParam));
+      return 0;
+    default:
+      return EventControl::OnMessage(message, wParam, lParam);
+  }
+}
+
+COLORREF PictureBox::DefaultForeColor() const { return GetSysColor(COLOR_HIGHLIGHT); }
+
+AccessibleDescription PictureBox::Describe() const {
+  AccessibleDescription description = EventControl::Describe();
+  if (!m_isProgressBar) return description;
+  float filled = 0;
+  for (const Filled& rectangle : m_filled) filled = std::max(filled, rectangle.right);
+  const float width = ScaleWidth();
+  const long percent = width > 0 ? std::lround(std::clamp(filled / width, 0.0F, 1.0F) * 100) : 0;
+  description.role = ROLE_SYSTEM_PROGRESSBAR;
+  description.value = std::to_wstring(percent) + L" %";
+  return description;
+}
+
+}  // namespace kvez::forms

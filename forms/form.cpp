@@ -1,0 +1,305 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+#include "forms/dpi.h"
+#include "forms/guard.h"
+#include "forms/input.h"
+#include "forms/mouse_pointer.h"
+#include "forms/twips.h"
+
+namespace kvez::forms {
+namespace {
+
+DWORD StyleOf(BorderStyle border) {
+  constexpr DWORD common = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  switch (border) {
+    case BorderStyle::FixedSingle:
+      return common | WS_MINIMIZEBOX;
+    case BorderStyle::FixedDialog:
+      return common | WS_POPUP;
+    case BorderStyle::Sizable:
+      return common | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_THICKFRAME;
+  }
+  return common;
+}
+
+DWORD ExtendedStyleOf(BorderStyle border) {
+  return WS_EX_CONTROLPARENT | (border == BorderStyle::FixedDialog ? WS_EX_DLGMODALFRAME : 0UL);
+}
+
+DWORD StyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)); }
+DWORD ExtendedStyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)); }
+
+RECT ClientOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return client;
+}
+
+/// Puts `window` into the middle of `around`, inside the work area of that monitor.
+void CenterIn(HWND window, const RECT& around) {
+  RECT outer{};
+  GetWindowRect(window, &outer);
+  const LONG width = outer.right - outer.left;
+  const LONG height = outer.bottom - outer.top;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromRect(&around, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  const LONG left =
+      std::max(work.left, std::min(around.left + (around.right - around.left - width) / 2, work.right - width));
+  const LONG top =
+      std::max(work.top, std::min(around.top + (around.bottom - around.top - height) / 2, work.bottom - height));
+  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+Form::Form(BorderStyle border, const Form* owner, const wchar_t* className) {
+  Parameters parameters;
+  parameters.style = StyleOf(border);
+  parameters.extendedStyle = ExtendedStyleOf(border);
+  parameters.parent = owner != nullptr ? owner->Handle() : nullptr;
+  parameters.pixels = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT};
+  CreateOwn(className, parameters);
+  m_dpi = WindowDpi(Handle());
+  CreateFont();
+  // Underlined access keys and focus marks are always shown: the drawn buttons always show theirs.
+  SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+}
+
+Form::~Form() {
+  for (Timer* timer : m_timers) timer->m_form = nullptr;
+  for (Control* control : m_controls) control->m_form = nullptr;
+  DestroyHandle();
+}
+
+void Form::Load() {
+  if (m_loaded || !IsOpen()) return;
+  m_loaded = true;
+  Form_Load();
+}
+
+void Form::Show() {
+  Load();
+  if (!IsOpen()) return;
+  if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
+  if (!m_shown) {
+    m_shown = true;
+    // The controls must know their place in the order of the Tab key before the focus looks for its first one.
+    NotifyShown(nullptr);
+  }
+  ShowWindow(Handle(), SW_SHOW);
+  SetForegroundWindow(Handle());
+}
+
+void Form::Hide() {
+  if (IsOpen()) ShowWindow(Handle(), SW_HIDE);
+}
+
+bool Form::Unload(UnloadMode mode) {
+  if (!IsOpen()) return true;
+  // A second request while the first one still asks its question changes nothing.
+  if (m_unloading) return false;
+  m_unloading = true;
+  std::int16_t cancel = 0;
+  const bool asked = Guarded([&] {
+    Form_QueryUnload(cancel, mode);
+    if (cancel == 0) Form_Unload(cancel);
+  });
+  m_unloading = false;
+  if (!asked || cancel != 0) return false;
+  return DestroyAndTerminate();
+}
+
+bool Form::DestroyAndTerminate() {
+  for (Timer* timer : m_timers) timer->SetEnabled(false);
+  DestroyHandle();
+  m_toolTip = nullptr;
+  Guarded([this] { Form_Terminate(); });
+  return true;
+}
+
+std::wstring Form::Caption() const {
+  std::wstring text(static_cast<std::size_t>(std::max(GetWindowTextLengthW(Handle()), 0)), L'\0');
+  if (!text.empty()) GetWindowTextW(Handle(), text.data(), static_cast<int>(text.size()) + 1);
+  return text;
+}
+
+void Form::SetCaption(std::wstring_view caption) {
+  if (IsOpen()) SetWindowTextW(Handle(), std::wstring(caption).c_str());
+}
+
+void Form::SetIcon(std::wstring_view resourceName) {
+  m_iconName = resourceName;
+  ApplyIcons();
+}
+
+void Form::ApplyIcons() {
+  if (!IsOpen() || m_iconName.empty()) return;
+  const auto load = [this](int widthMetric, int heightMetric) {
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), m_iconName.c_str(), IMAGE_ICON,
+                                         SystemMetric(widthMetric, m_dpi), SystemMetric(heightMetric, m_dpi),
+                                         LR_DEFAULTCOLOR));
+  };
+  OwnedIcon smallIcon(load(SM_CXSMICON, SM_CYSMICON));
+  OwnedIcon largeIcon(load(SM_CXICON, SM_CYICON));
+  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.Get()));
+  SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon.Get()));
+  m_smallIcon = std::move(smallIcon);
+  m_largeIcon = std::move(largeIcon);
+}
+
+void Form::SetClientSize(int widthTwips, int heightTwips) {
+  m_clientWidth = widthTwips;
+  m_clientHeight = heightTwips;
+  ApplyClientSize();
+}
+
+void Form::ApplyClientSize() {
+  if (!IsOpen() || m_clientWidth == 0) return;
+  const RECT client{0, 0, ToPixels(m_clientWidth), ToPixels(m_clientHeight)};
+  const RECT outer = OuterRectangle(client, StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
+  SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int Form::ClientWidth() const { return ToTwips(ClientOf(Handle()).right); }
+int Form::ClientHeight() const { return ToTwips(ClientOf(Handle()).bottom); }
+
+void Form::CenterOnScreen() {
+  if (!IsOpen()) return;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTOPRIMARY), &monitor);
+  CenterIn(Handle(), monitor.rcWork);
+}
+
+void Form::CenterOnOwner() {
+  const HWND owner = IsOpen() ? GetWindow(Handle(), GW_OWNER) : nullptr;
+  if (owner == nullptr) return CenterOnScreen();
+  RECT around{};
+  GetWindowRect(owner, &around);
+  CenterIn(Handle(), around);
+}
+
+int Form::ToPixels(int twips) const { return TwipsToPixels(twips, m_dpi); }
+int Form::ToTwips(int pixels) const { return PixelsToTwips(pixels, m_dpi); }
+
+LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto reflected = Reflect(message, wParam, lParam)) return *reflected;
+  switch (message) {
+    case WM_CLOSE:
+      Unload(UnloadMode::User);
+      return 0;
+    case WM_SIZE:
+      if (m_loaded && wParam != SIZE_MINIMIZED) Form_Resize();
+      return 0;
+    case WM_ACTIVATE:
+      OnActivate(LOWORD(wParam) != WA_INACTIVE);
+      return 0;
+    case WM_SETFOCUS:
+      OnSetFocus();
+      return 0;
+    case WM_ERASEBKGND:
+      return OnEraseBackground(reinterpret_cast<HDC>(wParam));
+    case WM_TIMER:
+      OnTimer(wParam);
+      return 0;
+    case WM_DPICHANGED:
+      OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    case WM_QUERYENDSESSION:
+      return OnQueryEndSession();
+    case WM_ENDSESSION:
+      OnEndSession(wParam != 0);
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      OnSystemLook(message, wParam, lParam);
+      return Native(message, wParam, lParam);
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: {
+      // No control has the focus.
+      auto keyCode = static_cast<std::int16_t>(wParam);
+      PreviewKey(keyCode, ShiftState());
+      return keyCode == 0 ? 0 : Native(message, wParam, lParam);
+    }
+    case WM_SETCURSOR:
+      if (const HCURSOR pointer = SystemPointer(Screen::MousePointer())) {
+        SetCursor(pointer);
+        return TRUE;
+      }
+      return Native(message, wParam, lParam);
+    default:
+      return Native(message, wParam, lParam);
+  }
+}
+
+LRESULT Form::OnEraseBackground(HDC context) {
+  const RECT client = ClientOf(Handle());
+  FillRect(context, &client, GetSysColorBrush(COLOR_BTNFACE));
+  return 1;
+}
+
+void Form::OnTimer(UINT_PTR id) {
+  // A tick may still wait in the queue after its timer is stopped or gone.
+  const auto found = std::find_if(m_timers.begin(), m_timers.end(),
+                                  [id](const Timer* timer) { return reinterpret_cast<UINT_PTR>(timer) == id; });
+  if (found != m_timers.end() && (*found)->m_enabled && (*found)->Elapsed) (*found)->Elapsed();
+}
+
+LRESULT Form::OnQueryEndSession() {
+  std::int16_t cancel = 0;
+  Form_QueryUnload(cancel, UnloadMode::SessionEnd);
+  return cancel == 0 ? TRUE : FALSE;
+}
+
+void Form::OnEndSession(bool ending) {
+  if (!ending || !IsOpen() || m_unloading) return;
+  m_unloading = true;
+  std::int16_t ignored = 0;
+  Guarded([&] { Form_Unload(ignored); });
+  m_unloading = false;
+  DestroyAndTerminate();
+}
+
+void Form::CreateFont() {
+  const LOGFONTW description = MessageFont(m_dpi);
+  m_font.Reset(CreateFontIndirectW(&description));
+}
+
+void Form::RescaleControls() {
+  // The controls still have the old font until each of them has taken the new one.
+  OwnedFont old = std::move(m_font);
+  CreateFont();
+  for (Control* control : m_controls) control->Rescale();
+  if (m_toolTip != nullptr) SendMessageW(m_toolTip, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
+}
+
+void Form::OnDpiChanged(unsigned dpi, const RECT& suggested) {
+  m_dpi = dpi;
+  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  // The designed client size decides: the suggestion scales the borders along, which are not of our size.
+  if ((StyleOf(Handle()) & WS_THICKFRAME) == 0) ApplyClientSize();
+  RescaleControls();
+  ApplyIcons();
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  if (m_loaded) Form_Resize();
+}
+
+void Form::OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SETTINGCHANGE && wParam == SPI_SETNONCLIENTMETRICS) RescaleControls();
+  // The system's controls learn of new colours and themes through their parents only.
+  if (message == WM_SYSCOLORCHANGE) {
+    for (const Control* control : m_controls) SendMessageW(control->Handle(), message, wParam, lParam);
+  }
+  if (message != WM_SETTINGCHANGE) {
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  }
+}
+
+}  // namespace kvez::forms

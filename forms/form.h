@@ -1,0 +1,164 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+#include "forms/timer.h"
+#include "forms/window.h"
+#include "platform/windows/owned.h"
+
+namespace kvez::forms {
+
+enum class BorderStyle {
+  FixedSingle,  // cannot be sized, can be minimised, has a button on the task bar
+  FixedDialog,  // can only be closed
+  Sizable,
+};
+
+/// Why a form is unloaded.
+enum class UnloadMode : std::int16_t { User = 0, Code = 1, SessionEnd = 2 };
+
+/// A top-level window. Its controls are members of the derived class, created in its constructor:
+///
+///   Kvez::Kvez() : Form(BorderStyle::FixedSingle) {
+///     SetClientSize(6300, 4500);
+///     txtMPSC[0].Create(*this, kTxtMPSC, {30, 3390, 3105, 285});
+///     txtMPSC[0].KeyDown = [this](std::int16_t& KeyCode, std::int16_t Shift) { txtMPSC_KeyDown(0, KeyCode, Shift); };
+///   }
+///
+/// Load (or the first Show) then runs Form_Load. A form outlives its window: after Unload its controls are empty shells
+/// that ignore what they are told. It must not be deleted inside one of its own events.
+class Form : public Window, public Container {
+ public:
+  /// Creates the hidden window. `owner` keeps the form in front of another one; it may be null.
+  explicit Form(BorderStyle border, const Form* owner = nullptr, const wchar_t* className = L"KvezForm");
+  ~Form() override;
+
+  /// Runs Form_Load, once.
+  void Load();
+  /// Loads if need be, shows the form modeless and activates it.
+  void Show();
+  void Hide();
+  /// Asks Form_QueryUnload and Form_Unload, either of which may keep the window, then destroys it and runs
+  /// Form_Terminate. True when the window is gone.
+  bool Unload(UnloadMode mode = UnloadMode::Code);
+  /// True from the constructor to Unload.
+  bool IsOpen() const { return Handle() != nullptr; }
+
+  std::wstring Caption() const;
+  void SetCaption(std::wstring_view caption);
+  /// The icon resource's name; each scaling gets its own sizes.
+  void SetIcon(std::wstring_view resourceName);
+
+  void SetClientSize(int widthTwips, int heightTwips);
+  int ClientWidth() const;   // twips
+  int ClientHeight() const;  // twips
+  void CenterOnScreen();
+  /// In the middle of the owner, kept on its screen.
+  void CenterOnOwner();
+
+  COLORREF BackColor() const { return GetSysColor(COLOR_BTNFACE); }
+  COLORREF ForeColor() const { return GetSysColor(COLOR_BTNTEXT); }
+
+  /// Dots per inch of the window now.
+  unsigned Dpi() const { return m_dpi; }
+  float TwipsPerPixel() const { return 1440.0F / static_cast<float>(m_dpi); }
+  int ToPixels(int twips) const;
+  int ToTwips(int pixels) const;
+  /// The font of all controls without a style of their own.
+  HFONT Font() const { return m_font.Get(); }
+
+  /// True: Form_KeyDown sees the keys before the controls.
+  void SetKeyPreview(bool preview) { m_keyPreview = preview; }
+
+  /// The button that Enter runs while no other button has the focus, and the one that Escape runs. Null for none.
+  void SetDefaultButton(Control* button) { m_defaultButton = button; }
+  void SetCancelButton(Control* button) { m_cancelButton = button; }
+  Control* CancelButton() const { return m_cancelButton; }
+
+  const std::vector<Control*>& Controls() const { return m_controls; }
+  Control* FocusedControl() const;
+  /// Moves the focus to the next or the previous control that Tab reaches; false when there is none.
+  bool FocusNext(bool backwards = false);
+  /// Moves the focus to the control that Tab reaches after `control`.
+  bool FocusAfter(const Control& control);
+
+  /// What the message loop does with a key before it is dispatched: Tab, Enter, Escape, access keys. True when the
+  /// message is used up.
+  bool TranslateKey(const MSG& message);
+
+  // Container
+  Form& OwnerForm() override { return *this; }
+  HWND ContainerHandle() const override { return Handle(); }
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_QueryUnload(std::int16_t& /*cancel*/, UnloadMode /*mode*/) {}
+  virtual void Form_Unload(std::int16_t& /*cancel*/) {}
+  /// After the window is destroyed. In Form_Unload the window still lives; here only the object does.
+  virtual void Form_Terminate() {}
+  virtual void Form_KeyDown(std::int16_t& /*KeyCode*/, std::int16_t /*Shift*/) {}
+  /// The client area or the scaling has changed.
+  virtual void Form_Resize() {}
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  friend class Control;
+  friend class Timer;
+
+  void Register(Control& control);
+  void Unregister(Control& control);
+  void RegisterTimer(Timer& timer);
+  void UnregisterTimer(Timer& timer);
+  void ShowToolTip(Control& control);  // creates, changes or removes it
+  /// Asks Form_KeyDown when the preview is on.
+  void PreviewKey(std::int16_t& keyCode, std::int16_t shift);
+  void LeaveFocus(const Control& control);
+  void NotifyShown(Control* within);
+
+  void OnDpiChanged(unsigned dpi, const RECT& suggested);
+  void OnActivate(bool active);
+  void OnSetFocus();
+  void OnTimer(UINT_PTR id);
+  LRESULT OnEraseBackground(HDC context);
+  LRESULT OnQueryEndSession();
+  void OnEndSession(bool ending);
+  void OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam);
+  bool DestroyAndTerminate();
+  void CreateFont();
+  void RescaleControls();
+  void ApplyIcons();
+  void ApplyClientSize();
+  Control* Reachable(std::size_t start, bool backwards, const Control* except) const;
+  std::size_t PositionOf(const Control* control) const;
+  bool Focus(Control* control);
+  bool TranslateAccessKey(wchar_t character);
+  bool TranslateButtonKey(const MSG& message);
+  void CreateToolTip();
+
+  unsigned m_dpi = 96;
+  OwnedFont m_font;
+  std::wstring m_iconName;
+  OwnedIcon m_smallIcon;
+  OwnedIcon m_largeIcon;
+  std::vector<Control*> m_controls;
+  std::vector<Timer*> m_timers;
+  HWND m_toolTip = nullptr;
+  HWND m_focusWhenActive = nullptr;
+  Control* m_defaultButton = nullptr;
+  Control* m_cancelButton = nullptr;
+  int m_clientWidth = 0;   // twips, when set
+  int m_clientHeight = 0;  // twips, when set
+  bool m_keyPreview = false;
+  bool m_loaded = false;
+  bool m_shown = false;
+  bool m_unloading = false;
+};
+
+}  // namespace kvez::forms

@@ -1,0 +1,161 @@
+// The keyboard's way through a form: the focus, Tab, Enter, Escape, access keys.
+#include <algorithm>
+
+#include "forms/form.h"
+#include "forms/input.h"
+
+namespace kvez::forms {
+namespace {
+
+bool CanAct(const Control* control) {
+  return control != nullptr && control->Handle() != nullptr && IsWindowVisible(control->Handle()) &&
+         IsWindowEnabled(control->Handle());
+}
+
+constexpr LPARAM kIsRepeat = 1 << 30;
+constexpr LPARAM kAltIsDown = 1 << 29;
+
+}  // namespace
+
+Control* Form::FocusedControl() const {
+  const HWND focus = GetFocus();
+  const auto found = std::find_if(m_controls.begin(), m_controls.end(), [focus](const Control* control) {
+    return focus != nullptr && control->Handle() == focus;
+  });
+  return found == m_controls.end() ? nullptr : *found;
+}
+
+std::size_t Form::PositionOf(const Control* control) const {
+  return static_cast<std::size_t>(std::find(m_controls.begin(), m_controls.end(), control) - m_controls.begin());
+}
+
+/// The first control that Tab reaches from `start` (excluded; the number of controls means from the very end of the
+/// order), going round. Neither `except` nor what lies in it.
+Control* Form::Reachable(std::size_t start, bool backwards, const Control* except) const {
+  const std::size_t count = m_controls.size();
+  if (count == 0) return nullptr;
+  for (std::size_t step = 1; step <= count; ++step) {
+    // With the one place more that `start` may be, the way round is one longer.
+    const std::size_t position = (start + (backwards ? count + 1 - step : step)) % (count + 1);
+    if (position == count) continue;
+    Control* const candidate = m_controls[position];
+    const bool excluded =
+        except != nullptr && (candidate == except || IsChild(except->Handle(), candidate->Handle()) != FALSE);
+    if (!excluded && candidate->IsReachable()) return candidate;
+  }
+  return nullptr;
+}
+
+bool Form::Focus(Control* control) {
+  if (control == nullptr) return false;
+  control->SetFocus();
+  // As in every dialog: what Tab comes to can be typed over at once.
+  if ((SendMessageW(control->Handle(), WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0 &&
+      (GetWindowLongPtrW(control->Handle(), GWL_STYLE) & ES_MULTILINE) == 0) {
+    SendMessageW(control->Handle(), EM_SETSEL, 0, -1);
+  }
+  return true;
+}
+
+bool Form::FocusNext(bool backwards) { return Focus(Reachable(PositionOf(FocusedControl()), backwards, nullptr)); }
+
+bool Form::FocusAfter(const Control& control) { return Focus(Reachable(PositionOf(&control), false, nullptr)); }
+
+void Form::LeaveFocus(const Control& control) {
+  const HWND focus = GetActiveWindow() == Handle() ? GetFocus() : m_focusWhenActive;
+  if (focus == nullptr || (focus != control.Handle() && !IsChild(control.Handle(), focus))) return;
+  const auto* focused = dynamic_cast<const Control*>(FromHandle(focus));
+  Control* const next = Reachable(PositionOf(focused), false, &control);
+  if (next != nullptr) {
+    next->SetFocus();
+  } else if (GetActiveWindow() == Handle()) {
+    ::SetFocus(Handle());
+  } else {
+    m_focusWhenActive = nullptr;
+  }
+}
+
+void Form::OnActivate(bool active) {
+  if (IsIconic(Handle())) return;
+  if (!active) {
+    const HWND focus = GetFocus();
+    if (focus != nullptr && IsChild(Handle(), focus)) m_focusWhenActive = focus;
+    return;
+  }
+  ::SetFocus(Handle());
+}
+
+void Form::OnSetFocus() {
+  const auto* control = dynamic_cast<const Control*>(FromHandle(m_focusWhenActive));
+  if (CanAct(control)) {
+    ::SetFocus(m_focusWhenActive);
+  } else if (Control* const first = Reachable(m_controls.size(), false, nullptr)) {
+    ::SetFocus(first->Handle());
+  }
+}
+
+void Form::PreviewKey(std::int16_t& keyCode, std::int16_t shift) {
+  if (!m_keyPreview) return;
+  // A preview cannot change a key, only see it: two handlers that change each other's keys help nobody.
+  Form_KeyDown(keyCode, shift);
+}
+
+bool Form::TranslateKey(const MSG& message) {
+  switch (message.message) {
+    case WM_SYSCHAR:
+      return (message.lParam & kAltIsDown) != 0 && TranslateAccessKey(static_cast<wchar_t>(message.wParam));
+    case WM_KEYDOWN:
+      break;
+    default:
+      return false;
+  }
+  switch (message.wParam) {
+    case VK_TAB:
+      if (GetKeyState(VK_CONTROL) < 0) return false;
+      return FocusNext(GetKeyState(VK_SHIFT) < 0);
+    case VK_LEFT:
+    case VK_UP:
+    case VK_RIGHT:
+    case VK_DOWN: {
+      Control* const focused = FocusedControl();
+      return focused != nullptr && focused->MoveInGroup(message.wParam);
+    }
+    case VK_RETURN:
+    case VK_ESCAPE:
+      return TranslateButtonKey(message);
+    default:
+      return false;
+  }
+}
+
+bool Form::TranslateButtonKey(const MSG& message) {
+  Control* button = m_cancelButton;
+  if (message.wParam == VK_RETURN) {
+    Control* const focused = FocusedControl();
+    button = focused != nullptr && focused->IsButton() ? focused : m_defaultButton;
+  }
+  if (ShiftState() != 0 || !CanAct(button)) return false;
+  // A key that is held down acts once.
+  if ((message.lParam & kIsRepeat) != 0) return true;
+  auto keyCode = static_cast<std::int16_t>(message.wParam);
+  PreviewKey(keyCode, 0);
+  if (keyCode != 0 && CanAct(button)) button->AccessKeyPress(keyCode);
+  return true;
+}
+
+bool Form::TranslateAccessKey(wchar_t character) {
+  // From the focused control on: an access key that two controls share reaches both in turn.
+  const std::size_t count = m_controls.size();
+  const std::size_t start = PositionOf(FocusedControl());
+  const std::vector<Control*> controls = m_controls;
+  for (std::size_t step = 1; step <= count + 1; ++step) {
+    const std::size_t position = (start + step) % (count + 1);
+    if (position == count) continue;
+    Control* const control = controls[position];
+    if (!CanAct(control) || !control->HasAccessKey(character)) continue;
+    if (control->AccessKeyPress(ToKeyAscii(character))) return true;
+  }
+  return false;
+}
+
+}  // namespace kvez::forms

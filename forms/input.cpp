@@ -1,0 +1,32 @@
+#include "forms/input.h"
+
+#include "forms/events.h"
+
+namespace kvez::forms {
+
+std::int16_t ShiftState() {
+  const auto held = [](int key) { return GetKeyState(key) < 0; };
+  return static_cast<std::int16_t>((held(VK_SHIFT) ? kShiftMask : 0) | (held(VK_CONTROL) ? kCtrlMask : 0) |
+                                   (held(VK_MENU) ? kAltMask : 0));
+}
+
+std::int16_t HeldButtons(WPARAM wParam) {
+  return static_cast<std::int16_t>(((wParam & MK_LBUTTON) != 0 ? kLeftButton : 0) |
+                                   ((wParam & MK_RBUTTON) != 0 ? kRightButton : 0) |
+                                   ((wParam & MK_MBUTTON) != 0 ? kMiddleButton : 0));
+}
+
+std::int16_t ToKeyAscii(wchar_t character) {
+  char bytes[8]{};
+  const int size = WideCharToMultiByte(CP_ACP, 0, &character, 1, bytes, sizeof(bytes), nullptr, nullptr);
+  return size == 1 ? static_cast<unsigned char>(bytes[0]) : '?';
+}
+
+wchar_t FromKeyAscii(std::int16_t keyAscii) {
+  const char byte = static_cast<char>(keyAscii);
+  wchar_t character = L'?';
+  MultiByteToWideChar(CP_ACP, 0, &byte, 1, &character, 1);
+  return character;
+}
+
+}  // namespace kvez::forms

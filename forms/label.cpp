@@ -1,0 +1,52 @@
+#include "forms/label.h"
+
+#include <algorithm>
+
+#include "forms/form.h"
+
+namespace kvez::forms {
+namespace {
+
+DWORD StyleOf(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Left:
+      return SS_LEFT;
+    case Alignment::Right:
+      return SS_RIGHT;
+    case Alignment::Center:
+      return SS_CENTER;
+  }
+  return SS_LEFT;
+}
+
+}  // namespace
+
+void Label::Create(Container& container, int id, const Place& place, std::wstring_view caption, Alignment alignment,
+                   bool accessKey) {
+  m_accessKey = accessKey;
+  Parameters parameters =
+      Prepare(container, id, place, StyleOf(alignment) | SS_NOTIFY | (accessKey ? 0UL : DWORD{SS_NOPREFIX}));
+  const std::wstring text(caption);
+  parameters.text = text.c_str();
+  CreateNative(L"STATIC", parameters);
+  Finish();
+}
+
+std::wstring Label::Caption() const {
+  std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(Native(WM_GETTEXTLENGTH), 0)), L'\0');
+  const LRESULT copied = Native(WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(copied));
+  return text;
+}
+
+void Label::SetCaption(std::wstring_view caption) {
+  // The same text again would only flicker.
+  if (Handle() == nullptr || Caption() == caption) return;
+  Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::wstring(caption).c_str()));
+}
+
+bool Label::HasAccessKey(wchar_t character) const { return m_accessKey && EventControl::HasAccessKey(character); }
+
+bool Label::AccessKeyPress(std::int16_t) { return OwnerForm().FocusAfter(*this); }
+
+}  // namespace kvez::forms

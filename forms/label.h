@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "forms/control.h"
+
+namespace kvez::forms {
+
+enum class Alignment { Left, Right, Center };
+
+/// A text that wraps at words.
+class Label : public EventControl {
+ public:
+  /// With `accessKey`, a "&" in the caption marks the key that moves the focus to the control after the label;
+  /// without, every character is shown as it is.
+  void Create(Container& container, int id, const Place& place, std::wstring_view caption = {},
+              Alignment alignment = Alignment::Left, bool accessKey = false);
+
+  std::wstring Caption() const;
+  void SetCaption(std::wstring_view caption);
+
+  bool HasAccessKey(wchar_t character) const override;
+  bool AccessKeyPress(std::int16_t KeyAscii) override;
+
+ private:
+  bool m_accessKey = false;
+};
+
+}  // namespace kvez::forms

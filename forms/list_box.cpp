@@ -1,0 +1,105 @@
+#include "forms/list_box.h"
+
+#include <algorithm>
+
+namespace kvez::forms {
+
+void ListBox::Create(Container& container, int id, const Place& place) {
+  CreateNative(L"LISTBOX",
+               Prepare(container, id, place,
+                       LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP,
+                       WS_EX_CLIENTEDGE));
+  SetTabStop(true);
+  Finish();
+}
+
+int ListBox::ListCount() const { return static_cast<int>(std::max<LRESULT>(Native(LB_GETCOUNT), 0)); }
+
+int ListBox::ListIndex() const { return Handle() == nullptr ? -1 : static_cast<int>(Native(LB_GETCURSEL)); }
+
+void ListBox::SetListIndex(int index) {
+  if (Handle() == nullptr) return;
+  const int wanted = index >= 0 && index < ListCount() ? index : -1;
+  if (wanted == ListIndex()) return;
+  Native(LB_SETCURSEL, static_cast<WPARAM>(wanted));
+  NotifyWinEvent(EVENT_OBJECT_SELECTION, Handle(), OBJID_CLIENT, wanted + 1);
+  if (Click) Click();
+}
+
+std::wstring ListBox::List(int index) const {
+  const LRESULT length = Handle() == nullptr ? LB_ERR : Native(LB_GETTEXTLEN, static_cast<WPARAM>(index));
+  if (length <= 0) return {};
+  std::wstring text(static_cast<std::size_t>(length), L'\0');
+  Native(LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+  return text;
+}
+
+std::int32_t ListBox::ItemData(int index) const {
+  // The query's error value is a possible number: the range decides instead.
+  if (index < 0 || index >= ListCount()) return 0;
+  return static_cast<std::int32_t>(Native(LB_GETITEMDATA, static_cast<WPARAM>(index)));
+}
+
+void ListBox::Clear() { Native(LB_RESETCONTENT); }
+
+void ListBox::AddRow(std::wstring_view text, std::int32_t data) {
+  m_row.assign(text);
+  const LRESULT row = Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str()));
+  if (row >= 0) Native(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
+}
+
+void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
+  if (m_fillDepth++ == 0) Native(WM_SETREDRAW, FALSE);
+  const std::size_t bytes = (characters + rows) * sizeof(wchar_t);
+  Native(LB_INITSTORAGE, rows, static_cast<LPARAM>(bytes));
+}
+
+void ListBox::EndFill() {
+  if (m_fillDepth == 0 || --m_fillDepth > 0) return;
+  Native(WM_SETREDRAW, TRUE);
+  if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+int ListBox::HorizontalExtent() const { return static_cast<int>(Native(LB_GETHORIZONTALEXTENT)); }
+
+void ListBox::SetHorizontalExtent(int pixels) {
+  Native(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(std::max(pixels, 0)));
+}
+
+int ListBox::ItemFromPoint(int x, int y) const {
+  const LRESULT answer = Native(LB_ITEMFROMPOINT, 0, MAKELPARAM(x, y));
+  // The high half tells that the point is outside of the box.
+  if (HIWORD(answer) != 0 || LOWORD(answer) >= ListCount()) return -1;
+  // Below the last row of a short list the nearest row is answered.
+  RECT row{};
+  Native(LB_GETITEMRECT, LOWORD(answer), reinterpret_cast<LPARAM>(&row));
+  return y < row.bottom ? LOWORD(answer) : -1;
+}
+
+int ListBox::FindString(std::wstring_view text) const {
+  if (Handle() == nullptr) return -1;
+  return static_cast<int>(
+      Native(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(std::wstring(text).c_str())));
+}
+
+void ListBox::OnCommand(UINT notification) {
+  if (notification == LBN_SELCHANGE && Click) Click();
+}
+
+LRESULT ListBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  constexpr LPARAM kFromKeyboard = -1;
+  if (message == WM_CONTEXTMENU && lParam == kFromKeyboard && ContextMenuKey) {
+    ContextMenuKey();
+    return 0;
+  }
+  return EventControl::OnMessage(message, wParam, lParam);
+}
+
+int ListBox::TextWidth(std::wstring_view text) { return m_ruler.Width(text, Font()); }
+
+void ListBox::OnFontChanged() { m_ruler.Forget(); }
+
+COLORREF ListBox::DefaultBackColor() const { return GetSysColor(COLOR_WINDOW); }
+COLORREF ListBox::DefaultForeColor() const { return GetSysColor(COLOR_WINDOWTEXT); }
+
+}  // namespace kvez::forms

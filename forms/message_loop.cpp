@@ -1,0 +1,35 @@
+#include "forms/message_loop.h"
+
+namespace kvez::forms {
+namespace {
+
+void Handle(const MSG& message) {
+  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  if (isKey) {
+    auto* form = dynamic_cast<Form*>(Window::FromHandle(GetAncestor(message.hwnd, GA_ROOT)));
+    if (form != nullptr && form->TranslateKey(message)) return;
+  }
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+}  // namespace
+
+void RunMessageLoop(const Form& form) {
+  MSG message{};
+  while (form.IsOpen() && GetMessageW(&message, nullptr, 0, 0) > 0) Handle(message);
+}
+
+void DoEvents() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      // It belongs to the loop around.
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    Handle(message);
+  }
+}
+
+}  // namespace kvez::forms

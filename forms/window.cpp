@@ -1,0 +1,107 @@
+#include "forms/window.h"
+
+#include <string>
+
+#include "forms/guard.h"
+
+namespace kvez::forms {
+namespace {
+
+constexpr wchar_t kProperty[] = L"KvezWindow";
+
+HINSTANCE ThisModule() { return GetModuleHandleW(nullptr); }
+
+void RegisterOnce(const wchar_t* className, WNDPROC procedure) {
+  WNDCLASSEXW window{};
+  window.cbSize = sizeof(window);
+  if (GetClassInfoExW(ThisModule(), className, &window)) return;
+  window = {};
+  window.cbSize = sizeof(window);
+  window.lpfnWndProc = procedure;
+  window.hInstance = ThisModule();
+  window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window.lpszClassName = className;
+  RegisterClassExW(&window);
+}
+
+}  // namespace
+
+Window::~Window() { DestroyHandle(); }
+
+Window* Window::FromHandle(HWND handle) {
+  if (handle == nullptr) return nullptr;
+  // The same property of another process's window would be a pointer into its memory.
+  DWORD process = 0;
+  GetWindowThreadProcessId(handle, &process);
+  if (process != GetCurrentProcessId()) return nullptr;
+  return static_cast<Window*>(GetPropW(handle, kProperty));
+}
+
+void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
+  RegisterOnce(className, &Procedure);
+  const RECT& place = parameters.pixels;
+  CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
+                  place.right, place.bottom, parameters.parent,
+                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(parameters.id)), ThisModule(), this);
+  if (m_handle == nullptr) throw Error(L"Systém nevytvořil okno.");
+}
+
+void Window::CreateNative(const wchar_t* className, const Parameters& parameters) {
+  const RECT& place = parameters.pixels;
+  const HWND handle =
+      CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
+                      place.right, place.bottom, parameters.parent,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(parameters.id)), ThisModule(), nullptr);
+  if (handle == nullptr) throw Error(L"Systém nevytvořil okno.");
+  Attach(handle);
+  m_original =
+      reinterpret_cast<WNDPROC>(SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+}
+
+void Window::DestroyHandle() {
+  if (m_handle != nullptr) DestroyWindow(m_handle);
+}
+
+LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) { return Native(message, wParam, lParam); }
+
+LRESULT Window::Native(UINT message, WPARAM wParam, LPARAM lParam) const {
+  if (m_handle == nullptr) return 0;
+  return m_original != nullptr ? CallWindowProcW(m_original, m_handle, message, wParam, lParam)
+                               : DefWindowProcW(m_handle, message, wParam, lParam);
+}
+
+LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (window == nullptr && message == WM_NCCREATE) {
+    window = static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    if (window != nullptr) window->Attach(handle);
+  }
+  return window != nullptr ? window->Dispatch(message, wParam, lParam)
+                           : DefWindowProcW(handle, message, wParam, lParam);
+}
+
+LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
+  const HWND handle = m_handle;
+  LRESULT result = 0;
+  if (!Guarded([&] { result = OnMessage(message, wParam, lParam); }) && message == WM_PAINT) {
+    // What could not be painted must not ask to be painted for ever.
+    ValidateRect(handle, nullptr);
+  }
+  if (message == WM_NCDESTROY) Detach();
+  return result;
+}
+
+void Window::Attach(HWND handle) {
+  m_handle = handle;
+  SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetPropW(handle, kProperty, this);
+}
+
+void Window::Detach() {
+  RemovePropW(m_handle, kProperty);
+  SetWindowLongPtrW(m_handle, GWLP_USERDATA, 0);
+  m_handle = nullptr;
+  m_original = nullptr;
+}
+
+}  // namespace kvez::forms
