@@ -1,0 +1,42 @@
+# cmake -DSOURCE=help -DWORK=dir -DTARGET=kvez.chm -DCHMCMD=chmcmd -DICONV=iconv -P compile-help.cmake
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK}/utf-8 ${WORK}/1250/pictures)
+file(GLOB pages RELATIVE ${SOURCE} ${SOURCE}/*.html)
+file(GLOB pictures RELATIVE ${SOURCE} ${SOURCE}/pictures/*.png)
+
+string(REPLACE ";" "\n" files "${pages};kvez.css;${pictures}")
+foreach(name kvez.hhp kvez.hhc kvez.hhk kvez.css ${pages})
+  file(READ ${SOURCE}/${name} text)
+  string(REPLACE "charset=utf-8" "charset=windows-1250" text "${text}")
+  string(REPLACE "@FILES@" "${files}" text "${text}")
+  if(name MATCHES "html$")
+    # A one-letter preposition must not end a line in Czech. Twice, because "a v okně" has two in a row.
+    string(FIND "${text}" "<body>" start)
+    string(SUBSTRING "${text}" 0 ${start} head)
+    string(SUBSTRING "${text}" ${start} -1 body)
+    foreach(pass RANGE 1)
+      string(REGEX REPLACE "([ \n(>;])([KkSsVvZzOoUuAaIi])[ \n]" "\\1\\2&nbsp;" body "${body}")
+    endforeach()
+    set(text "${head}${body}")
+  endif()
+  file(WRITE ${WORK}/utf-8/${name} "${text}")
+  # A character that Windows-1250 lacks is an error here, not a question mark in the help.
+  execute_process(COMMAND ${ICONV} -f UTF-8 -t WINDOWS-1250 ${WORK}/utf-8/${name}
+                  OUTPUT_FILE ${WORK}/1250/${name} RESULT_VARIABLE failed ERROR_VARIABLE message)
+  if(failed)
+    message(FATAL_ERROR "help/${name} has a character that Windows-1250 lacks: ${message}")
+  endif()
+endforeach()
+foreach(name ${pictures})
+  file(COPY ${SOURCE}/${name} DESTINATION ${WORK}/1250/pictures)
+endforeach()
+
+execute_process(COMMAND ${CHMCMD} kvez.hhp WORKING_DIRECTORY ${WORK}/1250
+                RESULT_VARIABLE failed OUTPUT_VARIABLE log ERROR_VARIABLE log)
+if(failed OR NOT EXISTS ${WORK}/1250/kvez.chm)
+  message(FATAL_ERROR "${CHMCMD} refused help/kvez.hhp:\n${log}")
+endif()
+get_filename_component(folder ${TARGET} DIRECTORY)
+file(MAKE_DIRECTORY ${folder})
+file(RENAME ${WORK}/1250/kvez.chm ${TARGET})
