@@ -75,7 +75,7 @@ class Control : public Window {
   /// Hiding or disabling the control that has the keyboard focus hands the focus to the next one.
   void SetVisible(bool visible);
   bool Enabled() const { return m_enabled; }
-  void SetEnabled(bool enabled);
+  virtual void SetEnabled(bool enabled);
 
   void SetFocus();
   bool HasKeyboardFocus() const;
@@ -93,8 +93,8 @@ class Control : public Window {
   COLORREF BackColor() const;
   COLORREF ForeColor() const;
   /// Without these, a control has the system's colours and follows their changes.
-  void SetBackColor(COLORREF color);
-  void SetForeColor(COLORREF color);
+  virtual void SetBackColor(COLORREF color);
+  virtual void SetForeColor(COLORREF color);
 
   void SetFontStyle(FontStyle style);
   HFONT Font() const;

@@ -79,6 +79,7 @@ class Form : public Window, public Container {
   /// The button that Enter runs while no other button has the focus, and the one that Escape runs. Null for none.
   void SetDefaultButton(Control* button) { m_defaultButton = button; }
   void SetCancelButton(Control* button) { m_cancelButton = button; }
+  Control* DefaultButton() const { return m_defaultButton; }
   Control* CancelButton() const { return m_cancelButton; }
 
   const std::vector<Control*>& Controls() const { return m_controls; }

@@ -153,6 +153,9 @@ bool Form::TranslateAccessKey(wchar_t character) {
     if (position == count) continue;
     Control* const control = controls[position];
     if (!CanAct(control) || !control->HasAccessKey(character)) continue;
+    if (control->IsButton() && control->IsReachable()) control->SetFocus();
+    // The focus may have changed what can be done.
+    if (!CanAct(control)) return true;
     if (control->AccessKeyPress(ToKeyAscii(character))) return true;
   }
   return false;

@@ -1,0 +1,106 @@
+// The button's life: its creation, what its host and screen readers learn, its messages.
+#include "controls/tlText.h"
+
+#include <oleacc.h>
+#include <shellapi.h>
+
+#include "forms/access_key.h"
+#include "forms/form.h"
+
+namespace kvez {
+
+COLORREF tlTextHost::AmbientBackColor(const tlText& button) const { return button.OwnerForm().BackColor(); }
+COLORREF tlTextHost::AmbientForeColor(const tlText& button) const { return button.OwnerForm().ForeColor(); }
+std::wstring tlTextHost::DisplayName(const tlText& button) const { return button.DisplayName(); }
+bool tlTextHost::IsCancelButton(const tlText& button) const { return button.OwnerForm().CancelButton() == &button; }
+void tlTextHost::PropertyChanged(tlText&, std::wstring_view) {}
+void tlTextHost::SetTabStop(tlText& button, bool tabStop) { button.forms::Control::SetTabStop(tabStop); }
+
+tlText::~tlText() = default;
+
+void tlText::Create(forms::Container& container, int id, const forms::Place& place, std::wstring_view displayName,
+                    tlTextHost* host) {
+  static tlTextHost runningForm;
+  m_host = host != nullptr ? host : &runningForm;
+  m_displayName = displayName;
+  m_shellExecute = &ShellExecuteA;
+  CreateOwn(L"KvezTlText", Prepare(container, id, place, 0));
+  m_run.Hwnd = Handle();
+  m_run.HasFocus = m_run.IsShown = m_run.IsDown = m_run.IsOver = m_run.InAction = false;
+  Finish();
+}
+
+void tlText::OnShown() {
+  m_run.IsShown = true;
+  m_host->SetTabStop(*this, m_focusDraw != 2);
+}
+
+void tlText::OnResize() {
+  if (m_run.IsNew.IsTrue()) {
+    m_run.IsNew = false;
+    // The size of a newly placed button. Setting it comes back here, unless it happens to be the present one.
+    Move({GetPlace().left, GetPlace().top, 1215, 345});
+  }
+  MeasureRectangles();
+}
+
+void tlText::MeasureRectangles() {
+  GetClientRect(Handle(), &m_run.ClientRect);
+  m_run.FocusRect = m_run.ClientRect;
+  InflateRect(&m_run.FocusRect, -3, -3);
+  // The caption moves with the size, not only the newly seen part changes.
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void tlText::OnFontChanged() { InvalidateRect(Handle(), nullptr, FALSE); }
+
+LRESULT tlText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_PRINTCLIENT:
+      Paint(reinterpret_cast<HDC>(wParam));
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;  // painting fills the background, in one step with the rest
+    case WM_CAPTURECHANGED:
+      OnCaptureLost(reinterpret_cast<HWND>(lParam));
+      return 0;
+    case WM_TIMER:
+      OnWatch();
+      return 0;
+    case WM_NCDESTROY:
+      m_run.Hwnd = nullptr;
+      return Control::OnMessage(message, wParam, lParam);
+    default:
+      return Control::OnMessage(message, wParam, lParam);
+  }
+}
+
+forms::AccessibleDescription tlText::Describe() const {
+  forms::AccessibleDescription description = Control::Describe();
+  if (!description.name) description.name = forms::WithoutAccessKeys(m_caption);
+  description.role = ROLE_SYSTEM_PUSHBUTTON;
+  LONG state = 0;
+  if (!IsWindowVisible(Handle())) state |= STATE_SYSTEM_INVISIBLE;
+  if (!IsWindowEnabled(Handle())) {
+    state |= STATE_SYSTEM_UNAVAILABLE;
+  } else {
+    state |= STATE_SYSTEM_FOCUSABLE;
+  }
+  if (m_run.HasFocus.IsTrue()) state |= STATE_SYSTEM_FOCUSED;
+  if (m_run.IsDown.IsTrue()) state |= STATE_SYSTEM_PRESSED;
+  if (m_run.IsOver.IsTrue()) state |= STATE_SYSTEM_HOTTRACKED;
+  if (OwnerForm().DefaultButton() == this) state |= STATE_SYSTEM_DEFAULT;
+  description.state = state;
+  if (!m_accessKeys.empty()) description.keyboardShortcut = L"Alt+" + m_accessKeys;
+  description.defaultAction = L"Stisknout";
+  return description;
+}
+
+void tlText::DoDefaultAction() {
+  if (IsWindowEnabled(Handle())) RunAction();
+}
+
+}  // namespace kvez

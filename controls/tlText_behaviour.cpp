@@ -1,0 +1,242 @@
+// What the button does with the pointer, the keyboard and its action.
+#include "controls/tlText.h"
+#include "forms/access_key.h"
+#include "forms/form.h"
+#include "platform/windows/system_code_page.h"
+
+namespace kvez {
+namespace {
+
+// The system sends no movement to the button, capture or not, once the pointer is over another program's window: the
+// button looks for itself, this often, as long as it believes the pointer to be over it.
+constexpr UINT_PTR kWatchTimer = 1;
+constexpr UINT kWatchMilliseconds = 100;
+
+/// A flag for the time of an action, whatever way the action ends.
+class Raised {
+ public:
+  explicit Raised(Boolean& flag) : m_flag(flag) { m_flag = true; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+  ~Raised() { m_flag = false; }
+
+ private:
+  Boolean& m_flag;
+};
+
+}  // namespace
+
+void tlText::OnGotFocus() {
+  m_run.HasFocus = true;
+  Repaint(m_run.ClientRect);
+}
+
+void tlText::OnLostFocus() {
+  if (!m_run.HasFocus.IsTrue()) return;
+  m_run.HasFocus = false;
+  m_run.IsOver = false;
+  SetDown(false);
+  Repaint(m_run.ClientRect);
+}
+
+void tlText::SetDown(bool down) {
+  if (m_run.IsDown.IsTrue() == down) return;
+  m_run.IsDown = down;
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
+}
+
+// The pointer
+
+bool tlText::PointerIsInside() const {
+  // A button that was hidden under the pointer must not keep the pointer for itself.
+  if (!IsWindowVisible(Handle())) return false;
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  ScreenToClient(Handle(), &pointer);
+  return PtInRect(&m_run.ClientRect, pointer) != FALSE;
+}
+
+void tlText::TakeCapture() {
+  ReleaseCapture();
+  SetCapture(Handle());
+  SetTimer(Handle(), kWatchTimer, kWatchMilliseconds, nullptr);
+}
+
+void tlText::ReleaseOwnCapture() {
+  KillTimer(Handle(), kWatchTimer);
+  m_releasingCapture = true;
+  ReleaseCapture();
+  m_releasingCapture = false;
+}
+
+void tlText::RaiseMouseMoveEnabled(bool inside) {
+  m_pointerAnnounced = inside;
+  if (MouseMoveEnabled) MouseMoveEnabled(inside);
+}
+
+void tlText::TrackPointer() {
+  if (!PointerIsInside()) {
+    ReleaseOwnCapture();
+    Leave();
+    return;
+  }
+  if (GetCapture() != Handle()) TakeCapture();
+  if (m_run.IsOver.IsTrue()) return;
+  m_run.IsOver = true;
+  RaiseMouseMoveEnabled(true);
+  // The border comes and goes with the pointer only when it is not always there.
+  Repaint(m_deMove.IsTrue() ? m_run.ClientRect : m_run.FocusRect);
+}
+
+void tlText::Leave() {
+  m_run.IsOver = false;
+  SetDown(false);
+  // Whatever IsOver was: the host may still show what it was told on entering.
+  RaiseMouseMoveEnabled(false);
+  Repaint(m_deMove.IsTrue() ? m_run.ClientRect : m_run.FocusRect);
+}
+
+void tlText::OnCaptureLost(HWND taker) {
+  if (m_releasingCapture || taker == Handle()) return;
+  KillTimer(Handle(), kWatchTimer);
+  // Somebody else has the pointer now, a message box or another program: there will be no movement out of here.
+  if (!m_pointerAnnounced) return;
+  Leave();
+}
+
+void tlText::OnWatch() {
+  if (PointerIsInside()) return;
+  ReleaseOwnCapture();
+  if (m_pointerAnnounced) Leave();
+}
+
+void tlText::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
+  TrackPointer();
+  if (MouseMove) MouseMove(button, shift, x, y);
+}
+
+void tlText::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+  if (button != forms::kLeftButton) return;
+  if (!HasKeyboardFocus()) SetFocus();
+  SetDown(true);
+  Repaint(m_run.ClientRect);
+  if (MouseDown) MouseDown(button, shift, x, y);
+}
+
+void tlText::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y) {
+  if (button != forms::kLeftButton) return;
+  // The action runs whether or not the press began here.
+  SetDown(false);
+  const Raised inAction(m_run.InAction);
+  Repaint(m_run.ClientRect);
+  if (MouseUp) MouseUp(button, shift, x, y);
+  PerformAction(false);
+}
+
+// The keyboard
+
+bool tlText::OnKeyDown(std::int16_t& keyCode, std::int16_t) {
+  if (m_run.IsDown.IsTrue() || keyCode != VK_SPACE) return true;
+  SetDown(true);
+  m_run.IsOver = true;
+  Repaint(m_run.ClientRect);
+  return true;
+}
+
+bool tlText::OnKeyUp(std::int16_t& keyCode, std::int16_t) {
+  // Every release acts, even when the press was not seen.
+  if (keyCode == VK_SPACE) RunAction();
+  return true;
+}
+
+bool tlText::OnKeyPress(std::int16_t& keyAscii) {
+  if (KeyPress) KeyPress(keyAscii);
+  return true;
+}
+
+bool tlText::HasAccessKey(wchar_t character) const {
+  return !m_accessKeys.empty() && forms::IsSameLetter(m_accessKeys.front(), character);
+}
+
+bool tlText::AccessKeyPress(std::int16_t KeyAscii) {
+  if (KeyAscii == VK_RETURN) {
+    PerformAction(false);
+    return true;
+  }
+  if (KeyAscii == VK_ESCAPE) {
+    if (!m_host->IsCancelButton(*this)) return false;
+    PerformAction(false);
+    return true;
+  }
+  std::string lower = ToSystemCodePage(m_accessKeys);
+  if (lower.empty()) return false;
+  std::string upper = lower;
+  CharLowerA(lower.data());
+  CharUpperA(upper.data());
+  const auto code = [](const std::string& text) { return static_cast<unsigned char>(text.front()); };
+  if (KeyAscii != code(lower) && KeyAscii != code(upper)) return false;
+  PerformAction(false);
+  return true;
+}
+
+// The action
+
+void tlText::RunAction() {
+  SetDown(false);
+  const Raised inAction(m_run.InAction);
+  m_run.IsOver = false;
+  Repaint(m_run.ClientRect);
+  PerformAction(false);
+}
+
+void tlText::PerformAction(bool applyDefaults) {
+  if (applyDefaults) {
+    switch (m_seMode) {
+      case 0:
+        SetCaption(m_host->DisplayName(*this));
+        SetSEParameters({});
+        SetSEFile({});
+        break;
+      case 1:
+        SetCaption(L"Internet");
+        SetSEParameters({});
+        break;
+      case 2:
+        SetCaption(L"E-mail");
+        SetSEParameters({});
+        break;
+      case 3:
+        SetCaption(L"Run-file");
+        break;
+      default:
+        break;
+    }
+    return;
+  }
+  switch (m_seMode) {
+    case 0:
+      if (Click) Click();
+      break;
+    case 1:
+      ShellOpen(L"http://" + m_seFile);
+      break;
+    case 2:
+      ShellOpen(L"mailto:" + m_seFile);
+      break;
+    case 3:
+      ShellOpen(m_seFile);
+      break;
+    default:
+      break;
+  }
+}
+
+void tlText::ShellOpen(const std::wstring& target) {
+  const std::string file = ToSystemCodePage(target);
+  const std::string parameters = ToSystemCodePage(m_seParameters);
+  // A failed opening shows no message.
+  Keep(reinterpret_cast<std::intptr_t>(
+      m_shellExecute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL)));
+}
+
+}  // namespace kvez

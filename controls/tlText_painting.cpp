@@ -1,0 +1,116 @@
+// How the button looks.
+#include <array>
+
+#include "controls/button_rules.h"
+#include "controls/tlText.h"
+#include "platform/windows/system_code_page.h"
+
+namespace kvez {
+namespace {
+
+/// A device context of the window, released at the end.
+class WindowContext {
+ public:
+  explicit WindowContext(HWND window) : m_window(window), m_context(GetDC(window)) {}
+  WindowContext(const WindowContext&) = delete;
+  WindowContext& operator=(const WindowContext&) = delete;
+  ~WindowContext() { ReleaseDC(m_window, m_context); }
+  HDC Get() const { return m_context; }
+
+ private:
+  HWND m_window;
+  HDC m_context;
+};
+
+/// Tells the system that the window is up to date, on every way out.
+class PaintNotice {
+ public:
+  explicit PaintNotice(HWND window) : m_window(window) { BeginPaint(window, &m_paint); }
+  PaintNotice(const PaintNotice&) = delete;
+  PaintNotice& operator=(const PaintNotice&) = delete;
+  ~PaintNotice() { EndPaint(m_window, &m_paint); }
+
+ private:
+  HWND m_window;
+  PAINTSTRUCT m_paint{};
+};
+
+}  // namespace
+
+void tlText::Repaint(const RECT& area) {
+  if (Handle() != nullptr) Keep(RedrawWindow(Handle(), &area, nullptr, RDW_INVALIDATE | RDW_UPDATENOW));
+}
+
+void tlText::OnPaint() {
+  const PaintNotice notice(Handle());
+  // A context of the button's own, not the notice's: a hover change asks for the inside only, but the border may
+  // have changed with it.
+  const WindowContext window(Handle());
+  const RECT& client = m_run.ClientRect;
+  // Drawn out of sight first: no flicker, and no letters thickened by being drawn over themselves.
+  const OwnedMemoryContext memory(CreateCompatibleDC(window.Get()));
+  const OwnedBitmap bitmap(CreateCompatibleBitmap(window.Get(), client.right, client.bottom));
+  if (!memory || !bitmap) {
+    Paint(window.Get());
+    return;
+  }
+  const ObjectSelection selection(memory.Get(), bitmap.Get());
+  Paint(memory.Get());
+  Keep(BitBlt(window.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY));
+}
+
+void tlText::Paint(HDC context) {
+  const ObjectSelection font(context, Font());
+  FillRect(context, &m_run.ClientRect, BackBrush());
+  SetBkMode(context, TRANSPARENT);
+
+  const std::string caption = ToSystemCodePage(m_caption);
+  PlaceCaption(context, caption);
+  const RECT place = m_run.IsDown.IsTrue() ? ShiftedByOne(m_run.TextRect) : m_run.TextRect;
+  const UINT style = m_enabledProperty.IsZero() ? DST_PREFIXTEXT | DSS_DISABLED : DST_PREFIXTEXT;
+  // The colours go to the device as they are kept, even when they are references to system colours.
+  Keep(static_cast<std::intptr_t>(SetTextColor(context, CaptionColor())));
+  Keep(DrawStateA(context, nullptr, nullptr, reinterpret_cast<LPARAM>(caption.c_str()),
+                  static_cast<WPARAM>(lstrlenA(caption.c_str())), place.left, place.top, 0, 0, style));
+
+  RECT inside = m_run.ClientRect;
+  if (m_run.HasFocus.IsTrue() && !m_run.IsDown.IsTrue()) DrawFocusMark(context, inside);
+  if (m_deMove.IsZero() || m_run.IsOver.IsTrue()) {
+    Keep(DrawEdge(context, &inside, GetEdgeStyle(m_deBorder, m_deMove, m_run.IsDown),
+                  GetEdgeFlags(m_deBorder, m_deMove)));
+  }
+}
+
+void tlText::PlaceCaption(HDC context, const std::string& caption) {
+  RECT measured{};
+  Keep(DrawTextA(context, caption.c_str(), lstrlenA(caption.c_str()), &measured, DT_CALCRECT | DT_SINGLELINE));
+  m_run.TextRect = CenteredText(m_run.ClientRect, {measured.right, measured.bottom});
+}
+
+/// The colour by the button's state. While the action of a click runs, the button looks normal and forgets the pointer.
+COLORREF tlText::CaptionColor() {
+  if (!m_run.IsOver.IsTrue() || !m_run.InAction.IsZero()) {
+    m_run.IsOver = false;
+    return m_foreColor;
+  }
+  return m_run.IsDown.IsTrue() ? m_downColor : m_moveColor;
+}
+
+/// Leaves in `inside` what is left for the border.
+void tlText::DrawFocusMark(HDC context, RECT& inside) {
+  const LONG right = m_run.ClientRect.right;
+  const LONG bottom = m_run.ClientRect.bottom;
+  if (m_focusDraw == 0) {
+    const OwnedPen pen(CreatePen(PS_SOLID, 1, m_focusColor));
+    const ObjectSelection selection(context, pen.Get());
+    const std::array<POINT, 3> line{{{right - 1, 0}, {right - 1, bottom - 1}, {-1, bottom - 1}}};
+    Keep(Polyline(context, line.data(), static_cast<int>(line.size())));
+    inside.right = right - 1;
+    inside.bottom = bottom - 1;
+  } else if (m_focusDraw == 1) {
+    SetTextColor(context, m_foreColor);
+    Keep(DrawFocusRect(context, &m_run.FocusRect));
+  }
+}
+
+}  // namespace kvez
