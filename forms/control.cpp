@@ -145,6 +145,7 @@ void Control::ApplyFont() {
     LOGFONTW description = MessageFont(m_form->Dpi());
     description.lfHeight = MulDiv(description.lfHeight, m_fontStyle.percent, 100);
     if (m_fontStyle.bold) description.lfWeight = FW_BOLD;
+    if (m_fontStyle.face != nullptr) lstrcpynW(description.lfFaceName, m_fontStyle.face, LF_FACESIZE);
     font.Reset(CreateFontIndirectW(&description));
   }
   // The window must have its new font before the old one goes.

@@ -53,7 +53,8 @@ struct AccessibleDescription {
 
 struct FontStyle {
   bool bold = false;
-  int percent = 100;  // of the form's font
+  int percent = 100;              // of the form's font
+  const wchar_t* face = nullptr;  // another typeface than the form's; a constant
 
   friend bool operator==(const FontStyle&, const FontStyle&) = default;
 };

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ class FakeSettingsStore : public SettingsStore {
   }
   void Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
             std::wstring_view value) override {
+    if (key == refusedKey) throw std::runtime_error("refused");
     values[Path(application, section, key)] = value;
     writes.push_back(std::wstring(key).append(L"=").append(value));
   }
@@ -28,6 +30,7 @@ class FakeSettingsStore : public SettingsStore {
 
   std::map<std::wstring, std::wstring> values;
   std::vector<std::wstring> writes;
+  std::wstring refusedKey;
 };
 
 /// A desktop of which only the existence of files is known.
