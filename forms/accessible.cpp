@@ -20,7 +20,7 @@ class Accessible final : public IAccessible {
   // IUnknown
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (object == nullptr) return E_POINTER;
-    if (id == IID_IUnknown || id == IID_IDispatch || id == IID_IAccessible) {
+    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(IAccessible)) {
       *object = static_cast<IAccessible*>(this);
       AddRef();
       return S_OK;
@@ -170,11 +170,11 @@ std::optional<LRESULT> AnswerGetObject(Control& control, const std::shared_ptr<C
   // Only the low half counts: the high one is filled differently by different callers.
   if (static_cast<LONG>(lParam) != static_cast<LONG>(OBJID_CLIENT) || IsEmpty(control.Describe())) return std::nullopt;
   void* standard = nullptr;
-  if (FAILED(CreateStdAccessibleObject(control.Handle(), OBJID_CLIENT, IID_IAccessible, &standard))) {
+  if (FAILED(CreateStdAccessibleObject(control.Handle(), OBJID_CLIENT, __uuidof(IAccessible), &standard))) {
     return std::nullopt;
   }
   auto* const accessible = new Accessible(life, static_cast<IAccessible*>(standard));
-  const LRESULT answer = LresultFromObject(IID_IAccessible, wParam, static_cast<IAccessible*>(accessible));
+  const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(accessible));
   accessible->Release();
   return answer;
 }
