@@ -9,12 +9,12 @@ namespace {
 
 /// `name(i)` is the name of element i, counted from 0.
 template <class Name>
-void FillWithAll(ListBox& list, ProgressWindow& window, std::int32_t count, std::size_t characters, Name name) {
-  ProgressCadence cadence(static_cast<std::uint64_t>(count));
-  ListFilling filling(list, static_cast<std::size_t>(count), characters);
-  for (std::int32_t i = 1; i <= count; ++i) {
-    filling.AddRow(name(static_cast<std::size_t>(i) - 1), i);
-    if (cadence.Step()) window.Prubech(cadence.Fraction(static_cast<std::uint64_t>(i)));
+void FillWithAll(ListBox& list, ProgressWindow& window, std::size_t count, std::size_t characters, Name name) {
+  ProgressCadence cadence(count);
+  ListFilling filling(list, count, characters);
+  for (std::size_t i = 1; i <= count; ++i) {
+    filling.AddRow(name(i - 1), static_cast<std::int32_t>(i));
+    if (cadence.Step()) window.Prubech(cadence.Fraction(i));
   }
   filling.SetExtent();
 }
@@ -25,7 +25,7 @@ void clspsc::pscVyberVse(ListBox& list, ProgressWindow& window) {
   list.Clear();
   std::size_t characters = 0;
   for (std::size_t i = 0; i < m_municipalities.size(); ++i) characters += m_municipalities.NameLength(i);
-  FillWithAll(list, window, m_municipalityCount, characters,
+  FillWithAll(list, window, m_municipalities.size(), characters,
               [this](std::size_t i) { return m_municipalities.Name(i); });
 }
 
@@ -33,7 +33,7 @@ void clspsc::pscoVyberVse(ListBox& list, ProgressWindow& window) {
   list.Clear();
   std::size_t characters = 0;
   for (const tclsokresy& district : m_districts) characters += district.tpscoOkres().size();
-  FillWithAll(list, window, m_districtCount, characters,
+  FillWithAll(list, window, m_districts.size(), characters,
               [this](std::size_t i) -> const std::wstring& { return m_districts[i].tpscoOkres(); });
 }
 

@@ -26,18 +26,18 @@ std::int32_t Count(const List& list) {
   return static_cast<std::int32_t>(list.size());
 }
 
-// Empties a list from its last element to its first. `index` runs along and ends at 0; of an empty list everything
-// stays as it is.
+// Empties a list from its last element to its first. `index` shows the running index and ends at 0; of an empty list
+// everything stays as it is. The window may ask the database anything meanwhile, so the walk does not rely on `index`.
 template <class List>
 void Release(List& list, std::int32_t& count, std::int32_t& index, ProgressWindow* window) {
   if (count < 1) return;
   ProgressCadence cadence(static_cast<std::uint64_t>(count));
-  for (index = count; index >= 1; --index) {
+  for (std::int32_t i = count; i >= 1; --i) {
+    index = i;
     list.pop_back();
-    if (window != nullptr && cadence.Step()) {
-      window->PrubechPamet(cadence.Fraction(static_cast<std::uint64_t>(index)));
-    }
+    if (window != nullptr && cadence.Step()) window->PrubechPamet(cadence.Fraction(static_cast<std::uint64_t>(i)));
   }
+  index = 0;
   list = List();
   count = Count(list);
 }

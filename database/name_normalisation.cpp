@@ -19,16 +19,17 @@ std::string_view WithoutHyphen(std::string_view name) {
   return WithoutRomanNumber(name.substr(0, hyphen));
 }
 
-// The digit that is looked for first decides, not the one that stands first: "Lhota 2/1" is cut at the 1. There is
+// The least digit decides, at its first place, not the digit that stands first: "Lhota 2/1" is cut at the 1. There is
 // no part number that begins with 0.
 std::string_view WithoutDigit(std::string_view name) {
-  for (char digit = '1'; digit <= '9'; ++digit) {
-    const std::size_t position = name.find(digit);
-    if (position == kNone) continue;
-    const bool afterSpace = position > 0 && name[position - 1] == ' ';
-    return name.substr(0, afterSpace ? position - 1 : position);
+  std::size_t position = kNone;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const bool isDigit = name[i] >= '1' && name[i] <= '9';
+    if (isDigit && (position == kNone || name[i] < name[position])) position = i;
   }
-  return name;
+  if (position == kNone) return name;
+  const bool afterSpace = position > 0 && name[position - 1] == ' ';
+  return name.substr(0, afterSpace ? position - 1 : position);
 }
 
 std::string_view WithoutParenthesis(std::string_view name) {

@@ -75,45 +75,30 @@ std::wstring PortableFormats::Number(std::int32_t value, std::wstring_view pictu
   std::size_t places = 0;
   bool grouped = false;
   for (const Piece& piece : pieces) {
-    if (piece.literal) continue;
-    if (piece.sign == L',') {
-      grouped = true;
-    } else {
-      places += piece.count;
-    }
+    if (!piece.literal && piece.sign == L',') grouped = true;
+    if (!piece.literal && piece.sign != L',') places += piece.count;
   }
-  // Without its zeros: a "#" shows nothing for the number 0.
-  std::wstring digits =
+  // The number 0 has no digits: its zeros come from the picture.
+  const std::wstring digits =
       value == 0 ? std::wstring() : std::to_wstring(value < 0 ? -static_cast<std::int64_t>(value) : value);
 
-  // From the last place to the first; the first one takes all digits that are left.
-  std::wstring reversed;
-  std::size_t written = 0;
-  const auto put = [&](wchar_t digit) {
-    if (grouped && written > 0 && written % 3 == 0) reversed += kThousandsSeparator;
-    reversed += digit;
-    ++written;
-  };
-  const auto putPlace = [&](wchar_t sign, bool first) {
-    do {
-      if (!digits.empty()) {
-        put(digits.back());
-        digits.pop_back();
-      } else if (sign == L'0') {
-        put(L'0');
+  std::wstring text = value < 0 ? L"-" : L"";
+  std::size_t position = std::max(places, digits.size());  // of the next digit, counted from the right
+  for (const Piece& piece : pieces) {
+    if (piece.literal) text += piece.sign;
+    if (piece.literal || piece.sign == L',') continue;
+    for (std::size_t i = 0; i < piece.count; ++i) {
+      --places;
+      // The first place takes all digits that the others have no room for.
+      for (; position > places; --position) {
+        const bool hasDigit = position <= digits.size();
+        if (!hasDigit && piece.sign == L'#') continue;
+        text += hasDigit ? digits[digits.size() - position] : L'0';
+        if (grouped && position > 1 && (position - 1) % 3 == 0) text += kThousandsSeparator;
       }
-    } while (first && !digits.empty());
-  };
-  for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece) {
-    if (piece->literal) {
-      reversed += piece->sign;
-    } else if (piece->sign != L',') {
-      for (std::size_t i = 0; i < piece->count; ++i) putPlace(piece->sign, --places == 0);
     }
   }
-  if (value < 0) reversed += L'-';
-  std::reverse(reversed.begin(), reversed.end());
-  return reversed;
+  return text;
 }
 
 std::wstring PortableFormats::Date(const DateTime& value, std::wstring_view picture) {
