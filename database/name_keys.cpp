@@ -44,9 +44,8 @@ std::size_t FindFrom(std::string_view text, std::string_view needle, std::size_t
   for (; i + kBlock + last <= text.size(); i += kBlock) {
     unsigned char candidates = 0;
     for (std::size_t k = 0; k < kBlock; ++k) {
-      candidates =
-          static_cast<unsigned char>(candidates | static_cast<unsigned char>((begin[i + k] == needle.front()) &
-                                                                             (begin[i + k + last] == needle[last])));
+      const int differences = (begin[i + k] ^ needle.front()) | (begin[i + k + last] ^ needle.back());
+      candidates = static_cast<unsigned char>(candidates | (differences == 0 ? 1 : 0));
     }
     if (candidates == 0) continue;
     const std::size_t found = text.substr(i, kBlock + last).find(needle);

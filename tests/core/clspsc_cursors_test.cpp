@@ -206,7 +206,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Count{22, L"V seznamu je 22 obcí.", L"V seznamu je 22 okresů.", L"Zadání vyhovuje 22 obcí."},
                     Count{104, L"V seznamu je 104 obcí.", L"V seznamu je 104 okresů.", L"Zadání vyhovuje 104 obcí."},
                     Count{1000, L"V seznamu je 1\u00A0000 obcí.", L"V seznamu je 1\u00A0000 okresů.",
-                          L"Zadání vyhovuje 1\u00A0000 obcí."}));
+                          L"Zadání vyhovuje 1\u00A0000 obcí."}),
+    [](const testing::TestParamInfo<Count>& counted) { return std::to_string(counted.param.count); });
 
 TEST(StatusText, CursorAndCountHaveTheirGroups) {
   LoadedDatabase loaded(std::vector<LoadedDatabase::Municipality>(1250, {1, L"Lhota", L"Praha"}), {}, {});

@@ -69,6 +69,12 @@ TEST_P(Damaged, FileIsRejectedAsAWhole) {
   EXPECT_EQ(loaded.machine.lz.OpenHandles(), 0U);
 }
 
+std::string NameOf(const testing::TestParamInfo<const char*>& info) {
+  std::string name = info.param;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Municipalities, Damaged,
     testing::Values("municipalities-one-stray-byte-at-the-end", "municipalities-three-stray-bytes-at-the-end",
@@ -81,20 +87,23 @@ INSTANTIATE_TEST_SUITE_P(
                     "municipalities-last-district-length-one-too-small", "municipalities-last-district-length-8000",
                     "municipalities-lengths-big-endian", "municipalities-a-web-page-instead",
                     "municipalities-the-post-offices-instead", "municipalities-a-single-byte",
-                    "municipalities-bytes-ff"));
+                    "municipalities-bytes-ff"),
+    NameOf);
 INSTANTIATE_TEST_SUITE_P(PostOffices, Damaged,
                          testing::Values("post-offices-one-stray-byte-at-the-end", "post-offices-cut-in-the-code",
                                          "post-offices-cut-in-the-name-length", "post-offices-cut-in-the-name",
                                          "post-offices-first-name-length-ffff",
                                          "post-offices-last-name-length-one-too-great",
                                          "post-offices-last-name-length-one-too-small",
-                                         "post-offices-with-16-bit-codes", "post-offices-the-districts-instead"));
+                                         "post-offices-with-16-bit-codes", "post-offices-the-districts-instead"),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Districts, Damaged,
                          testing::Values("districts-one-stray-byte-at-the-end", "districts-cut-in-the-code",
                                          "districts-cut-in-the-name-length", "districts-cut-in-the-name",
                                          "districts-first-name-length-ffff", "districts-last-name-length-one-too-great",
                                          "districts-last-name-length-one-too-small", "districts-with-32-bit-codes",
-                                         "districts-the-municipalities-instead"));
+                                         "districts-the-municipalities-instead"),
+                         NameOf);
 
 // A cut file loads as far as it goes when the cut falls between two records, and not at all everywhere else.
 TEST(CutFiles, EveryByteOfEveryFile) {

@@ -3,8 +3,8 @@
 namespace kvez::reference {
 namespace {
 
-const std::wstring kCapitals = L"ABCDEFGHIJKLMNOPQRSTUVWXYZÁČĎÉĚÍŇÓŘŠŤÚŮÝŽĽÄÖÜ";
-const std::wstring kSmall = L"abcdefghijklmnopqrstuvwxyzáčďéěíňóřšťúůýžľäöü";
+const std::wstring kCapitals = L"ABCDEFGHIJKLMNOPQRSTUVWXYZŠŚŤŽŹŁĄŞŻĽŔÁÂĂÄĹĆÇČÉĘËĚÍÎĎĐŃŇÓÔŐÖŘŮÚŰÜÝŢ";
+const std::wstring kSmall = L"abcdefghijklmnopqrstuvwxyzšśťžźłąşżľŕáâăäĺćçčéęëěíîďđńňóôőöřůúűüýţ";
 
 std::wstring Lower(std::wstring text) {
   for (wchar_t& character : text) {
