@@ -2,7 +2,16 @@
 kvez_room(kvez_forms forms gdi32 user32 comctl32 oleacc ole32 oleaut32 uuid)
 kvez_room(kvez_settings settings kvez_forms kvez_core kvez_platform_windows)
 kvez_room(kvez_controls controls kvez_forms kvez_platform_windows shell32)
-#kvez_room(kvez_mainwindow mainwindow kvez_controls kvez_core)
+kvez_room(kvez_mainwindow mainwindow kvez_controls kvez_core)
+
+# Icons, manifest and version information; the test programs carry them too.
+configure_file(resources/version.h.in generated/version.h)
+configure_file(resources/app.manifest.in generated/app.manifest)
+file(GLOB icons CONFIGURE_DEPENDS resources/icons/*.ico)
+add_library(kvez_resources OBJECT resources/kvez.rc)
+target_include_directories(kvez_resources PRIVATE ${PROJECT_SOURCE_DIR}/resources ${PROJECT_BINARY_DIR}/generated)
+set_source_files_properties(resources/kvez.rc PROPERTIES OBJECT_DEPENDS
+  "${PROJECT_BINARY_DIR}/generated/version.h;${PROJECT_BINARY_DIR}/generated/app.manifest;${icons}")
 
 # Other processors' programs have folders of their own; the folder that people know holds the x64 one.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
@@ -11,9 +20,8 @@ else()
   set(KVEZ_PROGRAM_FOLDER ${PROJECT_BINARY_DIR}/kvez)
 endif()
 
-add_executable(kvez WIN32 mainwindow/program/main.cpp resources/kvez.rc)
-target_link_libraries(kvez PRIVATE kvez_forms)
-target_include_directories(kvez PRIVATE ${PROJECT_SOURCE_DIR}/resources)
+add_executable(kvez WIN32 mainwindow/program/main.cpp)
+target_link_libraries(kvez PRIVATE kvez_mainwindow kvez_resources)
 set_target_properties(kvez PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${KVEZ_PROGRAM_FOLDER})
 if(MINGW)
   target_compile_options(kvez PRIVATE -Os)

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "mainwindow/menu_explanations.h"
+#include "platform/clock.h"
+#include "platform/formats.h"
+#include "platform/windows/owned.h"
+
+namespace kvez {
+
+/// The status bar at the bottom of the main window. Panel 0 is a clock, panel 1 the date, panel 2 carries messages with
+/// an optional icon. A process has one at a time.
+class StatusBar {
+ public:
+  /// Everything given here outlives the bar.
+  StatusBar(Formats& formats, Clock& clock, std::span<const MenuExplanation> menuExplanations = {});
+  StatusBar(const StatusBar&) = delete;
+  StatusBar& operator=(const StatusBar&) = delete;
+  ~StatusBar() { Destroy(); }
+
+  /// Puts the bar on `parent`, starts its clock and listens to the parent's menus. An earlier bar of the process goes.
+  void Create(HWND parent, bool sizeGrip);
+
+  /// `flags`: 0 sunken, 256 (SBT_NOBORDERS) without border, 512 (SBT_POPOUT) raised. An empty text also removes the
+  /// icon of panel 2. Without a bar it does nothing.
+  void SetText(std::wstring_view text, std::int32_t panel, std::int32_t flags);
+
+  /// Mode -1 shows the icon resource of that name, none when there is no such resource; any other mode removes the
+  /// panel's icon. Without a bar, or for a panel that is none, it does nothing.
+  void SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName);
+
+  /// Takes the bar off its parent. May be called at any time and more than once.
+  void Destroy();
+
+  /// The parent has been sized: the bar takes its place again.
+  void ParentResized();
+
+  /// The parent has moved to another scaling.
+  void DpiChanged(unsigned dpi);
+
+  /// Null without a bar.
+  HWND Handle() const { return IsWindow(m_window) ? m_window : nullptr; }
+
+ private:
+  static constexpr std::size_t kPanelCount = 3;
+  static constexpr std::size_t kMessagePanel = 2;
+
+  struct Panel {
+    std::wstring iconName;
+    OwnedIcon icon;
+  };
+
+  static void CALLBACK ClockProcedure(HWND window, UINT message, UINT_PTR timer, DWORD time);
+  static LRESULT CALLBACK ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+  void WriteClock();
+  void ScaleTo(unsigned dpi);
+  void SendText(std::wstring_view text, std::size_t panelAndFlags);
+  void LoadIconOf(std::size_t panel);
+  void OnMenuSelect(unsigned command, unsigned flags, HMENU menu);
+  void ShowMessage();
+  void ShowMenuExplanation(std::wstring_view text);
+
+  // Stands for "no timer yet": the teardown takes it so.
+  static constexpr UINT_PTR kNoTimer = 1;
+
+  Formats& m_formats;
+  Clock& m_clock;
+  std::span<const MenuExplanation> m_menuExplanations;
+
+  HWND m_parent = nullptr;
+  HWND m_window = nullptr;
+  UINT_PTR m_timer = kNoTimer;
+  LONG_PTR m_previousProcedure = 0;
+
+  unsigned m_dpi = 96;
+  OwnedFont m_font;
+  std::array<Panel, kPanelCount> m_panels;
+
+  // What the program last said in the message panel. A menu's explanation covers it for as long as the menu is open.
+  std::wstring m_message;
+  std::int32_t m_messageFlags = 0;
+  bool m_menuExplanationShown = false;
+};
+
+}  // namespace kvez
