@@ -1,0 +1,359 @@
+#include "mainwindow/statusbar.h"
+
+#include <algorithm>
+
+#include "tests/support/handle_count.h"
+#include "tests/windows/statusbar_fixture.h"
+
+namespace kvez::testing {
+namespace {
+
+TEST_F(StatusBarTest, IsAChildAtTheBottomOfItsParent) {
+  bar.Create(window.Handle(), false);
+  ASSERT_NE(bar.Handle(), nullptr);
+  EXPECT_EQ(GetParent(bar.Handle()), window.Handle());
+  EXPECT_EQ(GetWindowLongW(bar.Handle(), GWL_EXSTYLE), 0);
+  EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(bar.Handle(), GWL_STYLE)) & ~WS_VISIBLE, 0x40000003U);
+  wchar_t name[64] = {};
+  GetClassNameW(bar.Handle(), name, 64);
+  EXPECT_STREQ(name, L"msctls_statusbar32");
+
+  RECT barRectangle{};
+  RECT client{};
+  GetWindowRect(bar.Handle(), &barRectangle);
+  MapWindowPoints(nullptr, window.Handle(), reinterpret_cast<POINT*>(&barRectangle), 2);
+  GetClientRect(window.Handle(), &client);
+  EXPECT_EQ(barRectangle.left, 0);
+  EXPECT_EQ(barRectangle.right, client.right);
+  EXPECT_EQ(barRectangle.bottom, client.bottom);
+}
+
+TEST_F(StatusBarTest, StyleFollowsTheSizeGrip) {
+  ShowWindow(window.Handle(), SW_SHOWNOACTIVATE);
+  bar.Create(window.Handle(), false);
+  EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(bar.Handle(), GWL_STYLE)), 0x50000003U);
+  bar.Destroy();
+  bar.Create(window.Handle(), true);
+  EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(bar.Handle(), GWL_STYLE)), 0x50000103U);
+}
+
+TEST_F(StatusBarTest, FollowsTheParentsSize) {
+  bar.Create(window.Handle(), false);
+  SetWindowPos(window.Handle(), nullptr, 0, 0, 800, 500, SWP_NOZORDER | SWP_NOACTIVATE);
+  bar.ParentResized();
+  RECT barRectangle{};
+  RECT client{};
+  GetWindowRect(bar.Handle(), &barRectangle);
+  MapWindowPoints(nullptr, window.Handle(), reinterpret_cast<POINT*>(&barRectangle), 2);
+  GetClientRect(window.Handle(), &client);
+  EXPECT_EQ(barRectangle.right, client.right);
+  EXPECT_EQ(barRectangle.bottom, client.bottom);
+}
+
+TEST_F(StatusBarTest, PanelsScaleWithTheResolution) {
+  bar.Create(window.Handle(), false);
+  bar.DpiChanged(96);
+  EXPECT_EQ(RightEdges(), (std::vector<int>{34, 142, -1}));
+  bar.DpiChanged(144);
+  EXPECT_EQ(RightEdges(), (std::vector<int>{51, 213, -1}));
+  bar.DpiChanged(192);
+  EXPECT_EQ(RightEdges(), (std::vector<int>{68, 284, -1}));
+  bar.DpiChanged(96);
+  EXPECT_EQ(RightEdges(), (std::vector<int>{34, 142, -1}));
+}
+
+TEST_F(StatusBarTest, WidestDateFitsItsPanelAtEveryResolution) {
+  bar.Create(window.Handle(), false);
+  for (const unsigned dpi : {96U, 120U, 144U, 192U, 288U}) {
+    bar.DpiChanged(dpi);
+    const HDC context = GetDC(bar.Handle());
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(bar.Handle(), WM_GETFONT, 0, 0));
+    const std::wstring date = L" pondělí, 28.12.2026";
+    SIZE size{};
+    {
+      const ObjectSelection selection(context, font);
+      GetTextExtentPoint32W(context, date.c_str(), static_cast<int>(date.size()), &size);
+    }
+    ReleaseDC(bar.Handle(), context);
+    RECT panel{};
+    SendMessageW(bar.Handle(), SB_GETRECT, 1, reinterpret_cast<LPARAM>(&panel));
+    EXPECT_LT(size.cx, panel.right - panel.left) << dpi;
+  }
+}
+
+TEST_F(StatusBarTest, ClockIsWrittenAtOnce) {
+  bar.Create(window.Handle(), false);
+  EXPECT_EQ(Text(0), L" 9:05");
+  EXPECT_EQ(Text(1), L" pondělí, 16.11.2026");
+  EXPECT_EQ(Text(2), L"");
+  EXPECT_EQ(Flags(0), 0);
+  EXPECT_EQ(Flags(1), 0);
+}
+
+TEST_F(StatusBarTest, ClockTicks) {
+  bar.Create(window.Handle(), false);
+  clock.now = {2027, 1, 1, 0, 0, 0};
+  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 0:00"; }));
+  EXPECT_EQ(Text(1), L"   pátek, 1.1.2027");
+}
+
+TEST_F(StatusBarTest, ClockGoesOnAfterAnError) {
+  bar.Create(window.Handle(), false);
+  clock.fails = true;
+  clock.now = {2026, 11, 16, 9, 6, 0};
+  EXPECT_TRUE(PumpUntil([&] { return clock.failures > 0; }));
+  clock.fails = false;
+  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 9:06"; }));
+}
+
+TEST_F(StatusBarTest, SecondBarReplacesTheFirst) {
+  bar.Create(window.Handle(), false);
+  StatusBar second(formats, clock);
+  second.Create(window.Handle(), false);
+  EXPECT_EQ(bar.Handle(), nullptr);
+  EXPECT_NE(second.Handle(), nullptr);
+}
+
+TEST_F(StatusBarTest, SetTextWritesCzechTextWithItsFlags) {
+  bar.Create(window.Handle(), false);
+  bar.SetText(L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“", 2, 0);
+  EXPECT_EQ(Text(2), L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“");
+  EXPECT_EQ(Flags(2), 0);
+  bar.SetText(L"Bez okraje", 2, 256);
+  EXPECT_EQ(Text(2), L"Bez okraje");
+  EXPECT_EQ(Flags(2), SBT_NOBORDERS);
+  bar.SetText(L"Vystouplý", 2, 512);
+  EXPECT_EQ(Text(2), L"Vystouplý");
+  EXPECT_EQ(Flags(2), SBT_POPOUT);
+}
+
+TEST_F(StatusBarTest, SetTextGoesThroughTheSystemCodePage) {
+  bar.Create(window.Handle(), false);
+  bar.SetText(L"語", 2, 0);
+  EXPECT_EQ(Text(2), L"?");
+}
+
+TEST_F(StatusBarTest, LongTextsStayWhole) {
+  bar.Create(window.Handle(), false);
+  const std::wstring text(1000, L'ž');
+  bar.SetText(text, 2, 0);
+  EXPECT_EQ(Text(2), text);
+}
+
+TEST_F(StatusBarTest, EveryIconComesInItsOwnSize) {
+  bar.Create(window.Handle(), false);
+  bar.DpiChanged(96);
+  for (const wchar_t* name : {L"APLIKACE", L"NAJDI", L"NAPOVEDA", L"MEIL", L"POCITAC", L"INTERNET", L"NASTAVENI",
+                              L"NACITANI", L"SEZNAM", L"STAZENI", L"PAMET"}) {
+    bar.SetIcon(2, -1, name);
+    ASSERT_NE(Icon(2), nullptr) << name;
+    EXPECT_EQ(IconSize(Icon(2)).cx, 16) << name;
+    EXPECT_EQ(IconSize(Icon(2)).cy, 16) << name;
+    // The drawing made for 16 pixels, not a shrunk larger one.
+    const OwnedIcon small(
+        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR)));
+    EXPECT_EQ(IconPixels(Icon(2)), IconPixels(small.Get())) << name;
+  }
+}
+
+TEST_F(StatusBarTest, IconsDiffer) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  const auto first = IconPixels(Icon(2));
+  bar.SetIcon(2, -1, L"MEIL");
+  EXPECT_NE(IconPixels(Icon(2)), first);
+}
+
+TEST_F(StatusBarTest, IconsScaleWithTheResolution) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  bar.DpiChanged(144);
+  EXPECT_EQ(IconSize(Icon(2)).cx, 24);
+  bar.SetIcon(2, -1, L"MEIL");
+  EXPECT_EQ(IconSize(Icon(2)).cx, 24);
+  bar.DpiChanged(192);
+  EXPECT_EQ(IconSize(Icon(2)).cx, 32);
+  bar.DpiChanged(96);
+  EXPECT_EQ(IconSize(Icon(2)).cx, 16);
+}
+
+TEST_F(StatusBarTest, OtherModesRemoveTheIcon) {
+  bar.Create(window.Handle(), false);
+  for (const std::int16_t mode : std::initializer_list<std::int16_t>{0, 1, 2, -2}) {
+    bar.SetIcon(2, -1, L"NAJDI");
+    ASSERT_NE(Icon(2), nullptr);
+    bar.SetIcon(2, mode, L"NAJDI");
+    EXPECT_EQ(Icon(2), nullptr) << mode;
+  }
+}
+
+TEST_F(StatusBarTest, UnknownIconIsNoIcon) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetIcon(2, -1, L"NENI");
+  EXPECT_EQ(Icon(2), nullptr);
+}
+
+TEST_F(StatusBarTest, OtherPanelsMayHaveIconsToo) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(0, -1, L"NAJDI");
+  EXPECT_NE(Icon(0), nullptr);
+  EXPECT_EQ(Icon(2), nullptr);
+}
+
+TEST_F(StatusBarTest, PanelsThatDoNotExistGetNoIcon) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(-1, -1, L"NAJDI");
+  bar.SetIcon(3, -1, L"NAJDI");
+  for (int panel = 0; panel < 3; ++panel) EXPECT_EQ(Icon(panel), nullptr) << panel;
+}
+
+TEST_F(StatusBarTest, EmptyTextRemovesTheMessagesIcon) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetText(L"Najde", 2, 0);
+  EXPECT_NE(Icon(2), nullptr);
+  bar.SetText(L"", 2, 256);
+  EXPECT_EQ(Text(2), L"");
+  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Flags(2), SBT_NOBORDERS);
+}
+
+TEST_F(StatusBarTest, EmptyTextInAnyPanelMeansTheMessagesIcon) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(0, -1, L"NAJDI");
+  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetText(L"", 0, 0);
+  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_NE(Icon(0), nullptr);
+}
+
+TEST_F(StatusBarTest, TextKeepsTheIcon) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  const HICON icon = Icon(2);
+  bar.SetText(L"Jiný text", 2, 0);
+  EXPECT_EQ(Icon(2), icon);
+}
+
+TEST_F(StatusBarTest, TenThousandIconsLeaveNoHandle) {
+  bar.Create(window.Handle(), false);
+  const wchar_t* names[] = {L"APLIKACE", L"NAJDI", L"MEIL", L"PAMET"};
+  const auto set = [&](int times) {
+    for (int i = 0; i < times; ++i) {
+      bar.SetIcon(2, -1, names[i % 4]);
+      if (i % 10 == 0) bar.SetText(i % 20 == 0 ? L"" : L"Text", 2, 0);
+    }
+    bar.SetIcon(2, -1, names[0]);
+  };
+  set(100);
+  const HandleCount before = CountHandles();
+  set(10000);
+  EXPECT_EQ(CountHandles(), before);
+}
+
+TEST_F(StatusBarTest, ManyBarsLeaveNoHandle) {
+  const auto repeat = [&](int times) {
+    for (int i = 0; i < times; ++i) {
+      bar.Create(window.Handle(), i % 2 == 0);
+      bar.SetIcon(2, -1, L"MEIL");
+      bar.DpiChanged(144);
+      bar.Destroy();
+    }
+  };
+  repeat(10);
+  const HandleCount before = CountHandles();
+  repeat(300);
+  EXPECT_EQ(CountHandles(), before);
+}
+
+TEST_F(StatusBarTest, ParentStillGetsEveryMessage) {
+  bar.Create(window.Handle(), false);
+  window.messages.clear();
+  EXPECT_EQ(SendMessageW(window.Handle(), WM_APP, 1, 2), 4711);
+  HighlightEntry(1);
+  CloseMenu();
+  SendMessageW(window.Handle(), WM_COMMAND, 7, 0);
+  EXPECT_EQ(window.messages, (std::vector<UINT>{WM_APP, WM_MENUSELECT, WM_MENUSELECT, WM_COMMAND}));
+}
+
+TEST_F(StatusBarTest, ParentStillGetsItsTextWhole) {
+  bar.Create(window.Handle(), false);
+  SetWindowTextW(window.Handle(), L"Žluťoučký kůň");
+  wchar_t text[64] = {};
+  GetWindowTextW(window.Handle(), text, 64);
+  EXPECT_STREQ(text, L"Žluťoučký kůň");
+}
+
+TEST_F(StatusBarTest, DestroyUndoesTheSubclassing) {
+  const LONG_PTR procedure = GetWindowLongPtrW(window.Handle(), GWLP_WNDPROC);
+  bar.Create(window.Handle(), false);
+  EXPECT_NE(GetWindowLongPtrW(window.Handle(), GWLP_WNDPROC), procedure);
+  const HWND handle = bar.Handle();
+  bar.Destroy();
+  EXPECT_EQ(GetWindowLongPtrW(window.Handle(), GWLP_WNDPROC), procedure);
+  EXPECT_TRUE(IsWindowUnicode(window.Handle()));
+  EXPECT_FALSE(IsWindow(handle));
+  EXPECT_EQ(bar.Handle(), nullptr);
+}
+
+TEST_F(StatusBarTest, DestroyStopsTheClock) {
+  struct CountingClock : Clock {
+    int calls = 0;
+    DateTime Now() override {
+      ++calls;
+      return {2026, 11, 16, 9, 5, 0};
+    }
+  } counting;
+  StatusBar other(formats, counting);
+  other.Create(window.Handle(), false);
+  other.Destroy();
+  EXPECT_EQ(counting.calls, 1);
+  // The clock of the next bar tells that a second has passed.
+  clock.now = {2026, 11, 16, 9, 6, 0};
+  bar.Create(window.Handle(), false);
+  clock.now = {2026, 11, 16, 9, 7, 0};
+  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 9:07"; }));
+  EXPECT_EQ(counting.calls, 1);
+}
+
+TEST_F(StatusBarTest, DestroyTwiceIsHarmless) {
+  bar.Create(window.Handle(), false);
+  bar.Destroy();
+  bar.Destroy();
+  EXPECT_EQ(bar.Handle(), nullptr);
+  EXPECT_EQ(SendMessageW(window.Handle(), WM_APP, 0, 0), 4711);
+}
+
+TEST_F(StatusBarTest, DestroyBeforeCreateIsHarmless) {
+  bar.Destroy();
+  EXPECT_EQ(bar.Handle(), nullptr);
+}
+
+TEST_F(StatusBarTest, OutlivesItsWindow) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  window.Destroy();
+  EXPECT_EQ(bar.Handle(), nullptr);
+  bar.SetText(L"Nikdo nečte", 2, 0);
+  bar.SetText(L"", 2, 0);
+  bar.SetIcon(2, -1, L"MEIL");
+  bar.ParentResized();
+  bar.DpiChanged(144);
+  bar.Destroy();
+  EXPECT_EQ(bar.Handle(), nullptr);
+}
+
+TEST_F(StatusBarTest, SetTextAfterDestroyDoesNothing) {
+  bar.Create(window.Handle(), false);
+  bar.Destroy();
+  bar.SetText(L"Nikdo nečte", 2, 0);
+  bar.SetIcon(2, -1, L"MEIL");
+  EXPECT_EQ(bar.Handle(), nullptr);
+  bar.Create(window.Handle(), false);
+  EXPECT_EQ(Text(2), L"");
+  EXPECT_EQ(Icon(2), nullptr);
+}
+
+}  // namespace
+}  // namespace kvez::testing
