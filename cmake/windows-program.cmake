@@ -2,7 +2,7 @@
 kvez_room(kvez_forms forms gdi32 user32 comctl32 oleacc ole32 oleaut32 uuid)
 kvez_room(kvez_settings settings kvez_forms kvez_core kvez_platform_windows)
 kvez_room(kvez_controls controls kvez_forms kvez_platform_windows shell32)
-kvez_room(kvez_mainwindow mainwindow kvez_controls kvez_core)
+kvez_room(kvez_mainwindow mainwindow kvez_controls kvez_settings kvez_core)
 
 # Icons, manifest and version information; the test programs carry them too.
 configure_file(resources/version.h.in generated/version.h)
@@ -12,6 +12,16 @@ add_library(kvez_resources OBJECT resources/kvez.rc)
 target_include_directories(kvez_resources PRIVATE ${PROJECT_SOURCE_DIR}/resources ${PROJECT_BINARY_DIR}/generated)
 set_source_files_properties(resources/kvez.rc PROPERTIES OBJECT_DEPENDS
   "${PROJECT_BINARY_DIR}/generated/version.h;${PROJECT_BINARY_DIR}/generated/app.manifest;${icons}")
+
+# Where the program looks for its maker; the defaults are of a domain that nobody can own.
+set(KVEZ_DOWNLOAD_BASE "https://kvez.example/data/" CACHE STRING "Address of the folder that ./kvez publish lays out")
+set(KVEZ_MAIL "kvez@kvez.example" CACHE STRING "Mail address behind the button E-mail")
+set(KVEZ_WEB "kvez.example" CACHE STRING "Web page behind the button Internet, without http://")
+if(NOT KVEZ_DOWNLOAD_BASE MATCHES "/$")
+  message(FATAL_ERROR "KVEZ_DOWNLOAD_BASE must end with a slash; it is ${KVEZ_DOWNLOAD_BASE}")
+endif()
+set_source_files_properties(mainwindow/addresses.cpp PROPERTIES COMPILE_DEFINITIONS
+  "KVEZ_DOWNLOAD_BASE=L\"${KVEZ_DOWNLOAD_BASE}\";KVEZ_MAIL=L\"${KVEZ_MAIL}\";KVEZ_WEB=L\"${KVEZ_WEB}\"")
 
 # Other processors' programs have folders of their own; the folder that people know holds the x64 one.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)

@@ -1,0 +1,76 @@
+// Downloads from a web server of the test's own.
+#include "platform/windows/windows_downloader.h"
+
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/http_server.h"
+
+namespace kvez::test {
+namespace {
+
+using testing::ElementsAre;
+
+class Downloads : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder = std::filesystem::temp_directory_path() /
+             (std::wstring(L"kvez staženo ") + std::to_wstring(GetCurrentProcessId()));
+    std::filesystem::create_directories(folder);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  std::int32_t Get(const wchar_t* name) { return downloader.Download(server.Base() + name, (folder / name).wstring()); }
+  std::string Content(const wchar_t* name) {
+    std::ifstream stream(folder / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+
+  HttpServer server;
+  WindowsDownloader downloader;
+  std::filesystem::path folder;
+};
+
+TEST_F(Downloads, BringTheFileByteForByte) {
+  std::string body;
+  for (int i = 0; i < 200000; ++i) body.push_back(static_cast<char>(i * 7));
+  server.Serve("vd1.kl_", {.body = body});
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  EXPECT_TRUE(Content(L"vd1.kl_") == body);
+  EXPECT_THAT(server.Requests(), ElementsAre("vd1.kl_"));
+}
+
+TEST_F(Downloads, OverwriteTheOldFile) {
+  std::ofstream(folder / L"vd1.kl_", std::ios::binary) << "an older and longer file";
+  server.Serve("vd1.kl_", {.body = "new"});
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  EXPECT_EQ(Content(L"vd1.kl_"), "new");
+}
+
+TEST_F(Downloads, AskTheServerEveryTime) {
+  server.Serve("vd1.kl_", {.body = "first"});
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  server.Serve("vd1.kl_", {.body = "second"});
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  EXPECT_EQ(Content(L"vd1.kl_"), "second");
+  EXPECT_THAT(server.Requests(), ElementsAre("vd1.kl_", "vd1.kl_"));
+}
+
+TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
+  std::ofstream(folder / L"vd1.kl_", std::ios::binary) << "old";
+  server.Stop();
+  EXPECT_NE(Get(L"vd1.kl_"), 0);
+  EXPECT_EQ(Content(L"vd1.kl_"), "old");
+}
+
+TEST_F(Downloads, FailWhenThePathCannotBeNamed) {
+  server.Serve("x", {.body = "x"});
+  EXPECT_NE(downloader.Download(server.Base() + L"x", (folder / L"日本.kl_").wstring()), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+}  // namespace
+}  // namespace kvez::test

@@ -1,0 +1,58 @@
+// The compiled help, opened and closed by the system's viewer.
+#include "platform/windows/windows_help_viewer.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+
+#include "tests/support/program_driver.h"
+
+namespace kvez::test {
+namespace {
+
+class HelpWindows : public testing::Test {
+ protected:
+  void SetUp() override {
+    owner = CreateWindowW(L"STATIC", L"owner", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(owner, nullptr);
+  }
+  void TearDown() override { DestroyWindow(owner); }
+
+  static HWND HelpWindow() { return FindWindowW(L"HH Parent", nullptr); }
+  /// The help window lives in this process: its messages wait here.
+  static bool WaitWithMessages(bool open) {
+    return WaitUntil([open] {
+      MSG message{};
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+      return (HelpWindow() != nullptr) == open;
+    });
+  }
+
+  HWND owner = nullptr;
+  WindowsHelpViewer viewer{[this] { return owner; }};
+  std::filesystem::path help = std::filesystem::path(KVEZ_PROGRAM_FOLDER) / "kvez.chm";
+};
+
+TEST_F(HelpWindows, OpenWithTheTitleOfTheHelpAndClose) {
+  ASSERT_TRUE(std::filesystem::exists(help)) << "kvez.chm is not built: is fp-utils-3.2.2 installed?";
+  viewer.Show(help.wstring());
+  EXPECT_TRUE(WaitWithMessages(true));
+  EXPECT_EQ(WindowText(HelpWindow()), L"Kvez – nápověda");
+  viewer.CloseAll();
+  EXPECT_TRUE(WaitWithMessages(false));
+}
+
+TEST_F(HelpWindows, AMissingFileOpensNothing) {
+  viewer.Show(L"C:\\neni\\kvez.chm");
+  EXPECT_EQ(HelpWindow(), nullptr);
+  viewer.CloseAll();
+}
+
+TEST_F(HelpWindows, ClosingWithoutAWindowDoesNothing) {
+  viewer.CloseAll();
+  EXPECT_EQ(HelpWindow(), nullptr);
+}
+
+}  // namespace
+}  // namespace kvez::test
