@@ -10,6 +10,7 @@
 namespace kvez::forms {
 namespace {
 
+// __uuidof instead of IID_IAccessible: two libraries of MinGW define that one.
 bool IsSelf(const VARIANT& child) { return child.vt == VT_I4 && child.lVal == CHILDID_SELF; }
 
 /// Wraps the system's accessible object of a control. Screen readers may keep it longer than the control lives.

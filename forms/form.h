@@ -160,6 +160,7 @@ class Form : public Window, public Container {
   bool m_loaded = false;
   bool m_shown = false;
   bool m_unloading = false;
+  bool m_keepsFocus = false;
 };
 
 }  // namespace kvez::forms

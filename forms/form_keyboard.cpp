@@ -68,11 +68,14 @@ void Form::LeaveFocus(const Control& control) {
   Control* const next = Reachable(PositionOf(focused), false, &control);
   if (next != nullptr) {
     next->SetFocus();
-  } else if (GetActiveWindow() == Handle()) {
-    ::SetFocus(Handle());
-  } else {
-    m_focusWhenActive = nullptr;
+    return;
   }
+  m_focusWhenActive = nullptr;
+  if (GetActiveWindow() != Handle()) return;
+  // The form itself keeps the focus: handing it on would choose the control that is about to go.
+  m_keepsFocus = true;
+  ::SetFocus(Handle());
+  m_keepsFocus = false;
 }
 
 void Form::OnActivate(bool active) {
@@ -86,6 +89,7 @@ void Form::OnActivate(bool active) {
 }
 
 void Form::OnSetFocus() {
+  if (m_keepsFocus) return;
   const auto* control = dynamic_cast<const Control*>(FromHandle(m_focusWhenActive));
   if (CanAct(control)) {
     ::SetFocus(m_focusWhenActive);
