@@ -1,3 +1,5 @@
 #include <windows.h>
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) { return 0; }
+#include "mainwindow/module1.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) { return kvez::Main(); }

@@ -1,0 +1,161 @@
+// What the user of the window waits for: the start, the filling of the long list, a search of everything.
+//
+//   kvez_window_bench KVEZ_EXE BARE_EXE TABLE
+//
+// Prints each figure beside its limit. Pairs are measured in turn in one run, because machines are noisy; medians
+// count.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/message_loop.h"
+#include "mainwindow/frmhlavni.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_formats.h"
+#include "platform/windows/windows_lz_library.h"
+#include "platform/windows/windows_message_dialog.h"
+#include "platform/windows/windows_settings_store.h"
+#include "tests/support/program_driver.h"
+
+namespace {
+
+using namespace kvez;
+using namespace kvez::test;
+
+constexpr int kRounds = 9;
+
+double Seconds(const std::function<void()>& action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+void Report(const char* what, double figure, double limit, const char* unit) {
+  std::printf("%-52s %8.2f %-3s limit %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO SLOW");
+}
+
+double StartProgram(const std::wstring& exe) {
+  return Seconds([&] {
+    Program program(exe);
+    if (!program.WaitReady()) std::printf("the program did not get ready\n");
+  });
+}
+
+double StartBareWindow(const std::wstring& exe, const std::wstring& table) {
+  return Seconds([&] {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    std::wstring command = L"\"" + exe + L"\" " + table;
+    if (!CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process)) {
+      std::printf("the bare window did not start\n");
+      return;
+    }
+    WaitUntil([] {
+      const HWND window = FindWindowW(L"KvezBareWindow", nullptr);
+      return window != nullptr && WindowText(window) == L"hotovo";
+    });
+    TerminateProcess(process.hProcess, 0);
+    WaitForSingleObject(process.hProcess, 10000);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+  });
+}
+
+void MeasureStart(const std::wstring& exe, const std::wstring& bare, const std::wstring& table) {
+  std::vector<double> programs;
+  std::vector<double> bareWindows;
+  StartProgram(exe);
+  StartBareWindow(bare, table);
+  for (int round = 0; round < kRounds; ++round) {
+    programs.push_back(StartProgram(exe));
+    bareWindows.push_back(StartBareWindow(bare, table));
+  }
+  std::printf("start: program %.0f ms, bare window %.0f ms\n", Median(programs) * 1000, Median(bareWindows) * 1000);
+  Report("start to ready, against a bare window", Median(programs) / Median(bareWindows), 1.5, "x");
+}
+
+void FillBare(HWND list, const std::vector<std::wstring>& names) {
+  std::size_t characters = 0;
+  for (const std::wstring& name : names) characters += name.size();
+  SendMessageW(list, LB_RESETCONTENT, 0, 0);
+  SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(list, LB_INITSTORAGE, names.size(), static_cast<LPARAM>(characters * sizeof(wchar_t)));
+  for (const std::wstring& name : names) SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+  SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+}
+
+class NoProgress : public ProgressWindow {
+ public:
+  void Prubech(float) override {}
+  void PrubechPamet(float) override {}
+};
+
+void MeasureWindow(const std::wstring& exe) {
+  WindowsMessageDialog messages([] { return HWND{}; });
+  WindowsSettingsStore settings;
+  WindowsLzLibrary lz;
+  WindowsFiles files;
+  WindowsFormats formats;
+  WindowsClock clock;
+  const Platform platform{messages, settings, lz, files, formats};
+  clspsc database(platform, exe.substr(0, exe.find_last_of(L"\\/")));
+  frmhlavni window(database, platform, clock);
+  window.Load();
+  forms::DoEvents();
+
+  std::vector<std::wstring> names;
+  for (int row = 0; row < window.lstMPSC[kListAll].ListCount(); ++row)
+    names.push_back(window.lstMPSC[kListAll].List(row));
+  const HWND bare =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY,
+                      0, 0, 200, 200, window.Handle(), nullptr, nullptr, nullptr);
+  NoProgress progress;
+  ListBoxAdapter list(window.lstMPSC[kListAll]);
+  std::vector<double> ours;
+  std::vector<double> plain;
+  for (int round = 0; round < kRounds; ++round) {
+    ours.push_back(Seconds([&] { database.pscVyberVse(list, progress); }));
+    plain.push_back(Seconds([&] { FillBare(bare, names); }));
+  }
+  DestroyWindow(bare);
+  std::printf("filling %zu rows: ours %.1f ms, bare %.1f ms\n", names.size(), Median(ours) * 1000,
+              Median(plain) * 1000);
+  Report("filling the list of all, against a bare filling", Median(ours) / Median(plain), 1.3, "x");
+
+  std::vector<double> searches;
+  for (int round = 0; round < kRounds; ++round) {
+    window.optMPSC[kModeName].SetValue(true);
+    window.txtMPSC[0].SetText(L"*a*");
+    searches.push_back(Seconds([&] {
+      window.VyhledejSeznam();
+      UpdateWindow(window.Handle());
+      window.lstMPSC[kListResult].Refresh();
+    }));
+  }
+  std::printf("search *a* found %d rows\n", window.lstMPSC[kListResult].ListCount());
+  Report("search of everything (*a*), Enter to painted list", Median(searches) * 1000, 100, "ms");
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+  if (count != 4) {
+    std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE TABLE\n");
+    return 1;
+  }
+  MeasureStart(arguments[1], arguments[2], arguments[3]);
+  MeasureWindow(arguments[1]);
+  return 0;
+}

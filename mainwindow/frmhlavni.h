@@ -1,0 +1,132 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "controls/tlText.h"
+#include "database/clspsc.h"
+#include "forms/buttons.h"
+#include "forms/containers.h"
+#include "forms/form.h"
+#include "forms/label.h"
+#include "forms/list_box.h"
+#include "forms/text_box.h"
+#include "forms/timer.h"
+#include "mainwindow/list_box_adapter.h"
+#include "mainwindow/statusbar.h"
+#include "platform/platform.h"
+
+namespace kvez {
+
+/// The three search modes, indexes of `optMPSC`.
+enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 2 };
+
+/// The three lists, indexes of `lstMPSC`.
+enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
+
+/// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
+/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_commands (the
+/// buttons).
+class frmhlavni : public forms::Form, public ProgressWindow {
+ public:
+  /// Creates the hidden window with all its controls. What is given here outlives it.
+  frmhlavni(clspsc& database, const Platform& platform, Clock& clock);
+
+  /// Paints the bar of the message panel to a fraction (0 to 1) of its width.
+  void Prubech(float fraction) override;
+  /// The same on an emptied bar, which may so shrink.
+  void PrubechPamet(float fraction) override;
+
+  /// Loads the three data files and fills the lists of municipalities and districts.
+  void NactiDatabazi();
+  /// The search of the mode that is chosen, from `txtMPSC(0)`.
+  void VyhledejSeznam();
+  /// The search by the beginning of a PSČ, from `txtMPSC(1)`.
+  void VyhledejPSC();
+
+  // The controls, by their names; what lies in front comes first.
+  forms::PictureBox picMPSCPI;
+  forms::Label lblZpravaI;
+  forms::PictureBox picZpravaI;
+  forms::Frame fraMPSCO;
+  std::array<forms::Label, 3> Label1to3;
+  forms::TextBox Text1;
+  tlText tlHMeil, tlHWWW, tlHPCInfo, tlHStorno;
+  std::array<forms::TextBox, 2> txtMPSC;
+  std::array<forms::ListBox, 3> lstMPSC;
+  std::array<forms::OptionButton, 3> optMPSC;
+  std::array<forms::Label, 3> lblMPSCH;
+  std::array<forms::Label, 2> lblNPSCHT;
+  forms::Label lblMPSCN;
+  std::array<forms::Label, 2> lblPSCV;
+  tlText tlHVyhledej, tlHObcePSC, tlHAktualizace, tlHNapoveda, tlHOaplikaci, tlHNastaveni, tlHKonec;
+  forms::Timer tmrMPSC;
+
+ protected:
+  void Form_Load() override;
+  void Form_Unload(std::int16_t& cancel) override;
+  void Form_Terminate() override;
+  void Form_Resize() override;
+
+ private:
+  // frmhlavni_layout
+  void CreateMessagePanel();
+  void CreateAboutPanel();
+  void CreateSearchPanel();
+  void CreateButtons();
+  void CreateAboutButtons();
+  void BindEvents();
+
+  // frmhlavni_life
+  void Titul();
+  void CentreMessagePanel();
+  void BeginStep(std::wstring_view status, std::wstring_view message);
+  void BeginStep(std::wstring_view message);
+  void FillLists();
+  std::wstring LastUpdateText() const;
+
+  // frmhlavni_search
+  void optMPSC_Click(std::size_t index);
+  void txtMPSC_GotFocus(std::size_t index);
+  void txtMPSC_LostFocus(std::size_t index);
+  void txtMPSC_Change(std::size_t index);
+  void txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift);
+  void txtMPSC_KeyPress(std::size_t index, std::int16_t& keyAscii);
+  void txtMPSC_KeyUp(std::size_t index, std::int16_t& keyCode, std::int16_t shift);
+  void tmrMPSC_Timer();
+  void SelectBeginning(forms::ListBox& list);
+  void tlHVyhledej_Click();
+  void tlHObcePSC_Click();
+  void ShowSearchResult(const std::wstring& description);
+
+  // frmhlavni_lists
+  void lstMPSC_Click(std::size_t index);
+  void lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips);
+  void ShowMunicipality();
+  void ShowResult();
+  void ShowDistrict();
+  void LeaveTypingModes();
+
+  // frmhlavni_commands
+  void tlHKonec_Click();
+
+  clspsc& m_database;
+  Platform m_platform;
+  StatusBar m_statusBar;
+  ListBoxAdapter m_allList{lstMPSC[kListAll]};
+  ListBoxAdapter m_resultList{lstMPSC[kListResult]};
+  ListBoxAdapter m_districtList{lstMPSC[kListDistricts]};
+
+  // Busy: from the start to the end of Form_Load, while a search runs, and from the confirmed exit on. The selection
+  // does not follow the pointer then.
+  bool m_busy = true;
+  bool m_postalMode = false;
+  bool m_nameMode = false;
+  bool m_districtMode = false;
+  bool m_samePostalCode = false;  // the result list already holds the municipalities of one PSČ
+};
+
+}  // namespace kvez

@@ -1,0 +1,214 @@
+// The main window's controls: their places in twips, captions, tooltips and events.
+
+#include "mainwindow/control_ids.h"
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/menu_explanations.h"
+
+namespace kvez {
+namespace {
+
+using forms::Place;
+
+// Two columns of lists, a column of buttons, 30 twips from the edges.
+constexpr int kLeftColumn = 30;
+constexpr int kRightColumn = 3180;
+constexpr int kColumnWidth = 3105;
+// The details of the shown municipality stand clear of the search mode beside them.
+constexpr int kDetailsLeft = kRightColumn + 150;
+constexpr int kButtonColumn = 6390;
+constexpr int kButtonWidth = 1620;
+constexpr int kButtonHeight = 345;
+constexpr int kButtonPitch = 390;
+constexpr int kClientWidth = kButtonColumn + kButtonWidth + 30;
+// The status bar lies below the controls.
+constexpr int kClientHeight = 4065 + 345;
+
+constexpr Place kListPlace = {kLeftColumn, 330, kColumnWidth, 2790};
+
+// RGB of the light-blue field, by which the settings window calls it.
+constexpr COLORREF kLightBlue = RGB(0xD7, 0xEB, 0xFF);
+
+constexpr unsigned kDeferredSearchMilliseconds = 1500;
+
+// What all buttons of the window have in common: a dotted focus mark, which everybody sees, and a green that can be
+// read.
+MemoryPropertyBag ButtonProperties(const wchar_t* caption) {
+  return {{L"FoD", 1}, {L"DC", 0x008000}, {L"C", std::wstring(caption)}};
+}
+
+}  // namespace
+
+frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock)
+    : Form(forms::BorderStyle::FixedSingle),
+      m_database(database),
+      m_platform(platform),
+      m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()) {
+  SetIcon(L"APLIKACE");
+  SetClientSize(kClientWidth, kClientHeight);
+  CenterOnScreen();
+  SetKeyPreview(true);
+  // What is created first lies in front.
+  CreateMessagePanel();
+  CreateAboutPanel();
+  CreateSearchPanel();
+  CreateButtons();
+  tmrMPSC.Create(*this, kDeferredSearchMilliseconds);
+  BindEvents();
+}
+
+void frmhlavni::CreateMessagePanel() {
+  picMPSCPI.Create(*this, kPicMPSCPI, {0, 0, 4500, 930}, forms::PictureBorder::Single);
+  picMPSCPI.SetVisible(false);
+  lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4200, 225});
+  picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4170, 270}, forms::PictureBorder::Sunken);
+  picZpravaI.SetIsProgressBar(true);
+}
+
+void frmhlavni::CreateAboutPanel() {
+  fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
+  fraMPSCO.SetVisible(false);
+  for (std::size_t i = 0; i < Label1to3.size(); ++i) {
+    const int line = static_cast<int>(i);
+    Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + 255 * line, 5895, 225});
+  }
+  CreateAboutButtons();
+  Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
+}
+
+void frmhlavni::CreateSearchPanel() {
+  txtMPSC[1].Create(*this, kTxtMPSC + 1, {kLeftColumn, 30, kColumnWidth, 285});
+  txtMPSC[1].SetBackColor(kLightBlue);
+  txtMPSC[1].SetAccessibleName(L"Světlemodré pole: vyhledání v seznamu");
+  txtMPSC[1].SetToolTipText(
+      L"Vyhledá v seznamu položku, která začíná zadaným textem. Klávesa Shift přejde do druhého pole.");
+  lstMPSC[kListAll].Create(*this, kLstMPSC, kListPlace);
+  lstMPSC[kListAll].SetAccessibleName(L"Všechny obce");
+  lstMPSC[kListAll].SetToolTipText(L"Seznam všech obcí. Výběrem obce se zobrazí její pošta a okres.");
+  lstMPSC[kListDistricts].Create(*this, kLstMPSC + 2, kListPlace);
+  lstMPSC[kListDistricts].SetAccessibleName(L"Okresy");
+  lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
+  lstMPSC[kListDistricts].SetVisible(false);
+  lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, 3150, kColumnWidth, 210});
+  lblPSCV[0].SetToolTipText(L"Počet položek v seznamu.");
+  txtMPSC[0].Create(*this, kTxtMPSC, {kLeftColumn, 3390, kColumnWidth, 285});
+  txtMPSC[0].SetAccessibleName(L"Vyhledej");
+  txtMPSC[0].SetToolTipText(L"Zadejte hledaný text a stiskněte Enter. Klávesa Shift přejde do světlemodrého pole.");
+
+  lblMPSCH[2].Create(*this, kLblMPSCH + 2, {kLeftColumn, 3765, 765, 225}, L"Vyhledej");
+  struct Option {
+    const wchar_t* caption;
+    const wchar_t* toolTip;
+    int left;
+  };
+  constexpr std::array<Option, 3> kOptions = {{
+      {L"PSČ", L"Hledané PSČ zadejte ve formátu 69201 nebo 692 01.", 855},
+      {L"Obec", L"Pro vyhledání obce můžete použít zástupný symbol * nebo ?.", 1605},
+      {L"Okres", L"Vyberte okres ze seznamu.", 2355},
+  }};
+  for (std::size_t i = 0; i < kOptions.size(); ++i) {
+    optMPSC[i].Create(*this, kOptMPSC + static_cast<int>(i), {kOptions[i].left, 3750, 750, 240}, kOptions[i].caption);
+    optMPSC[i].SetToolTipText(kOptions[i].toolTip);
+  }
+
+  lblMPSCN.Create(*this, kLblMPSCN, {kRightColumn, 75, 4830, 225});
+  lblMPSCN.SetToolTipText(L"Zadání posledního hledání.");
+  lstMPSC[kListResult].Create(*this, kLstMPSC + 1, {kRightColumn, 330, kColumnWidth, 2790});
+  lstMPSC[kListResult].SetAccessibleName(L"Nalezené obce");
+  lstMPSC[kListResult].SetToolTipText(L"Po stisknutí pravého tlačítka myši se zobrazí nabídka.");
+  lblPSCV[1].Create(*this, kLblPSCV + 1, {kRightColumn, 3150, kColumnWidth, 210});
+  lblPSCV[1].SetToolTipText(L"Počet nalezených obcí.");
+
+  constexpr std::array<const wchar_t*, 2> kHeadings = {L"Obec", L"Okres"};
+  for (std::size_t i = 0; i < kHeadings.size(); ++i) {
+    const int line = static_cast<int>(i);
+    const int top = 3435 + 330 * line;
+    lblMPSCH[i].Create(*this, kLblMPSCH + line, {kDetailsLeft, top, 600, 225}, kHeadings[i]);
+    lblNPSCHT[i].Create(*this, kLblNPSCHT + line, {kDetailsLeft + 600, top, 4080, 225});
+    lblNPSCHT[i].SetFontStyle({.bold = true});
+  }
+}
+
+void frmhlavni::CreateButtons() {
+  struct Button {
+    tlText& button;
+    int id;
+    const wchar_t* name;
+    int top;
+    const wchar_t* caption;
+    const wchar_t* toolTip;  // also the hint on the status bar; those of two buttons are set while loading
+  };
+  // Searching stands at the top of the column, the rest at its bottom, level with the end of the lists.
+  constexpr int kBottom = kListPlace.top + kListPlace.height - kButtonHeight;
+  const std::array<Button, 7> buttons = {{
+      {tlHVyhledej, kTlHVyhledej, L"tlHVyhledej", kListPlace.top, L"&Vyhledej",
+       L"Najde v databázi požadované informace a zobrazí seznam."},
+      {tlHObcePSC, kTlHObcePSC, L"tlHObcePSC", kListPlace.top + kButtonPitch, L"O&bce k PSČ",
+       L"Vyberte obec ze seznamu."},
+      {tlHAktualizace, kTlHAktualizace, L"tlHAktualizace", kBottom - 4 * kButtonPitch, L"&Aktualizace", L""},
+      {tlHNapoveda, kTlHNapoveda, L"tlHNapoveda", kBottom - 3 * kButtonPitch, L"&Nápověda",
+       L"Nápověda na ovládání programu."},
+      {tlHOaplikaci, kTlHOaplikaci, L"tlHOaplikaci", kBottom - 2 * kButtonPitch, L"&O aplikaci", L""},
+      {tlHNastaveni, kTlHNastaveni, L"tlHNastaveni", kBottom - kButtonPitch, L"Na&staveni", L"Uživatelské nastavení."},
+      {tlHKonec, kTlHKonec, L"tlHKonec", kBottom, L"&Konec", L"Ukončení programu"},
+  }};
+  for (const Button& row : buttons) {
+    row.button.Create(*this, row.id, {kButtonColumn, row.top, kButtonWidth, kButtonHeight}, row.name);
+    row.button.ReadProperties(ButtonProperties(row.caption));
+    row.button.SetToolTipText(row.toolTip);
+  }
+}
+
+void frmhlavni::CreateAboutButtons() {
+  struct Button {
+    tlText& button;
+    int id;
+    const wchar_t* name;
+    std::int32_t mode;
+    const wchar_t* file;
+    const wchar_t* caption;
+    const wchar_t* toolTip;
+  };
+  constexpr int kPitch = 1485;
+  constexpr int kWidth = 1395;
+  const std::array<Button, 4> buttons = {{
+      {tlHMeil, kTlHMeil, L"tlHMeil", 2, L"kvez@kvez.example", L"&E-mail", L"Vaše přání nebo připomínky."},
+      {tlHWWW, kTlHWWW, L"tlHWWW", 1, L"www.kvez.example", L"&Internet", L"Stránky programu."},
+      {tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"msinfo32", L"&PC-info", L"Systémové informace Vašeho počítače."},
+      {tlHStorno, kTlHStorno, L"tlHStorno", 0, L"", L"&Storno", L"Návrat na vyhledávání."},
+  }};
+  int left = 180;
+  for (const Button& row : buttons) {
+    row.button.Create(fraMPSCO, row.id, {left, 3540, kWidth, kButtonHeight}, row.name);
+    MemoryPropertyBag properties = ButtonProperties(row.caption);
+    properties.WriteInteger(L"SEM", row.mode);
+    properties.WriteString(L"SEF", row.file);
+    row.button.ReadProperties(properties);
+    row.button.SetToolTipText(row.toolTip);
+    left += kPitch;
+  }
+}
+
+void frmhlavni::BindEvents() {
+  for (std::size_t i = 0; i < optMPSC.size(); ++i) {
+    optMPSC[i].Click = [this, i] { optMPSC_Click(i); };
+  }
+  for (std::size_t i = 0; i < txtMPSC.size(); ++i) {
+    forms::TextBox& box = txtMPSC[i];
+    box.GotFocus = [this, i] { txtMPSC_GotFocus(i); };
+    box.LostFocus = [this, i] { txtMPSC_LostFocus(i); };
+    box.Change = [this, i] { txtMPSC_Change(i); };
+    box.KeyDown = [this, i](std::int16_t& keyCode, std::int16_t shift) { txtMPSC_KeyDown(i, keyCode, shift); };
+    box.KeyPress = [this, i](std::int16_t& keyAscii) { txtMPSC_KeyPress(i, keyAscii); };
+    box.KeyUp = [this, i](std::int16_t& keyCode, std::int16_t shift) { txtMPSC_KeyUp(i, keyCode, shift); };
+  }
+  for (std::size_t i = 0; i < lstMPSC.size(); ++i) {
+    lstMPSC[i].Click = [this, i] { lstMPSC_Click(i); };
+    lstMPSC[i].MouseMove = [this, i](std::int16_t&, std::int16_t&, float& x, float& y) { lstMPSC_MouseMove(i, x, y); };
+  }
+  tmrMPSC.Elapsed = [this] { tmrMPSC_Timer(); };
+  tlHVyhledej.Click = [this] { tlHVyhledej_Click(); };
+  tlHObcePSC.Click = [this] { tlHObcePSC_Click(); };
+  tlHKonec.Click = [this] { tlHKonec_Click(); };
+}
+
+}  // namespace kvez

@@ -1,0 +1,126 @@
+// The main window's life: loading, the progress bar, closing.
+
+#include "database/application.h"
+#include "forms/message_loop.h"
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/scopes.h"
+
+namespace kvez {
+
+void frmhlavni::Form_Load() {
+  SetCaption(kApplicationTitle);
+  m_statusBar.Create(Handle(), false);
+  Titul();
+  for (tlText* button : {&tlHWWW, &tlHPCInfo, &tlHStorno}) button->SetFocusDraw(tlHMeil.FocusDraw());
+  CentreMessagePanel();
+  picMPSCPI.SetVisible(true);
+  NactiDatabazi();
+  m_busy = false;
+  optMPSC[kModeName].SetValue(true);
+}
+
+void frmhlavni::Titul() {
+  SetCaption(kApplicationTitle);
+  tlHOaplikaci.SetToolTipText(L"Kontakt na autora.");
+  Show();
+  // Painted before the long loading begins.
+  forms::DoEvents();
+}
+
+void frmhlavni::NactiDatabazi() {
+  {
+    const HourglassScope hourglass;
+    m_statusBar.SetIcon(2, -1, L"NACITANI");
+    BeginStep(L"Načítání databáze obcí ze souboru.", L"Strpení prosím, načítám databázi obcí.");
+    m_database.pscNacti(*this);
+    BeginStep(L"Načítání databáze dodávacích pošt ze souboru.", L"Strpení prosím, načítám databázi pošt.");
+    m_database.pscpNacti(*this);
+    BeginStep(L"Načítání databáze okresů ze souboru.", L"Strpení prosím, načítám databázi okresů.");
+    m_database.pscoNacti(*this);
+    if (m_database.pscCelkem() > 0) {
+      FillLists();
+    } else {
+      // After an update that brought no good list, what stood here belongs to no data any more.
+      for (const List list : {kListAll, kListDistricts}) lstMPSC[list].Clear();
+      picMPSCPI.SetVisible(false);
+    }
+  }
+  const std::wstring updated = LastUpdateText();
+  tlHAktualizace.SetToolTipText(updated);
+  m_statusBar.SetText(updated, 2, 0);
+}
+
+void frmhlavni::BeginStep(std::wstring_view status, std::wstring_view message) {
+  m_statusBar.SetText(status, 2, 0);
+  BeginStep(message);
+}
+
+void frmhlavni::BeginStep(std::wstring_view message) {
+  picZpravaI.Cls();
+  lblZpravaI.SetCaption(message);
+  lblZpravaI.Refresh();
+}
+
+void frmhlavni::FillLists() {
+  m_statusBar.SetIcon(2, -1, L"SEZNAM");
+  BeginStep(L"Vytváření uživatelského seznamu.", L"Strpení prosím, vytvářím seznam obcí.");
+  m_database.pscVyberVse(m_allList, *this);
+  lblPSCV[0].SetCaption(m_database.pscVybran());
+  lblPSCV[1].SetCaption(L"");
+  const bool districts = m_database.pscoCelkem() > 0;
+  if (districts) {
+    BeginStep(L"Strpení prosím, vytvářím pomocný seznam okresů.");
+    m_database.pscoVyberVse(m_districtList, *this);
+  }
+  optMPSC[kModeDistrict].SetVisible(districts);
+  picMPSCPI.SetVisible(false);
+  picZpravaI.Cls();
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+}
+
+std::wstring frmhlavni::LastUpdateText() const {
+  const DateTime date = m_database.pscDatabazeZeDne();
+  if (date == DateTime{}) return L"Datum poslední aktualizace databáze není známo.";
+  return L"Poslední aktualizace databáze byla provedena " + m_platform.formats.Date(date, L"d.mmmm yyyy") + L".";
+}
+
+void frmhlavni::CentreMessagePanel() {
+  forms::Place place = picMPSCPI.GetPlace();
+  place.left = static_cast<int>((ClientWidth() - place.width) / 2.0);
+  place.top = static_cast<int>((ClientHeight() - place.height) / 2.0);
+  picMPSCPI.Move(place);
+}
+
+void frmhlavni::Prubech(float fraction) {
+  picZpravaI.FillRectangle(0, 0, picZpravaI.ScaleWidth() * fraction, picZpravaI.ScaleHeight());
+  picZpravaI.Refresh();
+}
+
+void frmhlavni::PrubechPamet(float fraction) {
+  picZpravaI.Cls();
+  Prubech(fraction);
+}
+
+void frmhlavni::Form_Unload(std::int16_t& cancel) {
+  if (!m_platform.messages.Ask(L"Přejete si program ukončit ?", kApplicationTitle)) {
+    cancel = 1;
+    return;
+  }
+  m_busy = true;
+  picMPSCPI.SetVisible(true);
+  lblZpravaI.SetCaption(L"Nashledanou.");
+  lblZpravaI.Refresh();
+  for (const List list : {kListAll, kListResult}) lstMPSC[list].Clear();
+  Hide();
+  forms::DoEvents();
+  m_database.pscUvolni();
+}
+
+void frmhlavni::Form_Terminate() { m_statusBar.Destroy(); }
+
+void frmhlavni::Form_Resize() {
+  m_statusBar.DpiChanged(Dpi());
+  m_statusBar.ParentResized();
+}
+
+}  // namespace kvez

@@ -1,0 +1,88 @@
+// The three lists: what a selection shows, and the selection that follows the pointer.
+
+#include "mainwindow/frmhlavni.h"
+
+namespace kvez {
+namespace {
+
+// Setting 0: the entry under the pointer is selected by itself.
+constexpr std::int16_t kSelectUnderPointer = 0;
+
+}  // namespace
+
+void frmhlavni::lstMPSC_Click(std::size_t index) {
+  txtMPSC[0].SetEnabled(true);
+  txtMPSC[0].SetMaxLength(0);
+  switch (index) {
+    case kListAll:
+      ShowMunicipality();
+      break;
+    case kListResult:
+      ShowResult();
+      break;
+    default:
+      ShowDistrict();
+      return;
+  }
+  txtMPSC[0].SetText(m_database.pscPSCObec());
+  lblNPSCHT[0].SetCaption(m_database.pscObec());
+  lblNPSCHT[1].SetCaption(m_database.pscOkres());
+}
+
+void frmhlavni::ShowMunicipality() {
+  const forms::ListBox& list = lstMPSC[kListAll];
+  if (list.ListIndex() >= 0) {
+    m_database.pscDetail(list.ItemData(list.ListIndex()));
+    LeaveTypingModes();
+    tlHVyhledej.SetEnabled(false);
+    tlHObcePSC.SetVisible(false);
+  } else {
+    m_database.pscDetail(0);
+  }
+  lblPSCV[0].SetCaption(m_database.pscVybran());
+}
+
+void frmhlavni::ShowResult() {
+  const forms::ListBox& list = lstMPSC[kListResult];
+  if (list.ListIndex() >= 0) {
+    m_database.pDetail(list.ItemData(list.ListIndex()));
+    LeaveTypingModes();
+    if (!m_samePostalCode) tlHObcePSC.SetVisible(true);
+    tlHVyhledej.SetEnabled(false);
+    tlHObcePSC.SetToolTipText(L"Vytvoří seznam obcí pro PSČ \"" + m_database.pscPSCObec() + L"\".");
+  }
+  lblPSCV[1].SetCaption(m_database.pVybran());
+}
+
+void frmhlavni::ShowDistrict() {
+  const forms::ListBox& list = lstMPSC[kListDistricts];
+  if (list.ListIndex() >= 0) {
+    m_database.pscoDetail(list.ItemData(list.ListIndex()));
+    if (!tlHVyhledej.Enabled()) {
+      tlHVyhledej.SetEnabled(true);
+      tlHObcePSC.SetVisible(false);
+    }
+  } else {
+    m_database.pscoDetail(0);
+  }
+  lblPSCV[0].SetCaption(m_database.pscoVybran());
+}
+
+void frmhlavni::LeaveTypingModes() {
+  if (!m_postalMode && !m_nameMode) return;
+  optMPSC[kModePostal].SetValue(false);
+  optMPSC[kModeName].SetValue(false);
+  m_postalMode = false;
+  m_nameMode = false;
+  txtMPSC[1].SetText(L"");
+}
+
+void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {
+  if (m_busy || m_database.vGetNastaveniRegistr(kSelectUnderPointer) == 0) return;
+  forms::ListBox& list = lstMPSC[index];
+  const int row =
+      list.ItemFromPoint(static_cast<int>(xTwips / TwipsPerPixel()), static_cast<int>(yTwips / TwipsPerPixel()));
+  if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
+}
+
+}  // namespace kvez

@@ -1,0 +1,167 @@
+// The search panel: modes, typing, and the searches.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/scopes.h"
+#include "mainwindow/search_rules.h"
+
+namespace kvez {
+namespace {
+
+constexpr int kKeyEnter = 13;
+constexpr int kKeyShift = 16;
+
+// Five digits and one blank, "692 01".
+constexpr int kPostalTextLength = 6;
+
+// Setting 2: the light-blue field searches by itself some time after the last key was released.
+constexpr std::int16_t kSearchWhileTyping = 2;
+
+}  // namespace
+
+void frmhlavni::optMPSC_Click(std::size_t index) {
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  m_postalMode = index == kModePostal;
+  m_nameMode = index == kModeName;
+  m_districtMode = index == kModeDistrict;
+  const int maxLength = m_postalMode ? kPostalTextLength : 0;
+  for (forms::TextBox& box : txtMPSC) box.SetMaxLength(maxLength);
+  tlHObcePSC.SetVisible(false);
+  tlHVyhledej.SetEnabled(true);
+
+  constexpr std::array<std::wstring_view, 3> kHints = {L"Vyhledá obce se společným PSČ.",
+                                                       L"Vyhledá obce odpovídající zadanému textu.",
+                                                       L"Vyhledá obce v zadaném okrese."};
+  // The list that the mode works with is shown, with nothing selected, in the place that both share.
+  lstMPSC[kListAll].SetVisible(!m_districtMode);
+  lstMPSC[kListDistricts].SetVisible(m_districtMode);
+  lstMPSC[m_districtMode ? kListDistricts : kListAll].SetListIndex(-1);
+  m_statusBar.SetText(kHints[index], 2, 0);
+
+  for (forms::TextBox& box : txtMPSC) box.SetText(L"");
+  for (forms::Label& label : lblNPSCHT) label.SetCaption(L"");
+  txtMPSC[0].SetEnabled(!m_districtMode);
+  lblPSCV[0].SetCaption(m_districtMode ? m_database.pscoVybran() : m_database.pscVybran());
+  if (!m_districtMode) txtMPSC[0].SetFocus();
+}
+
+void frmhlavni::txtMPSC_GotFocus(std::size_t index) {
+  if (index == 1) tlHVyhledej.SetVisible(false);
+}
+
+void frmhlavni::txtMPSC_LostFocus(std::size_t index) {
+  if (index == 1) tlHVyhledej.SetVisible(true);
+}
+
+void frmhlavni::txtMPSC_KeyPress(std::size_t /*index*/, std::int16_t& keyAscii) {
+  // Enter was handled when the key went down; passed on it would only beep.
+  if (keyAscii == kKeyEnter || (m_postalMode && !IsPostalKey(keyAscii))) keyAscii = 0;
+}
+
+void frmhlavni::txtMPSC_Change(std::size_t index) {
+  forms::TextBox& box = txtMPSC[index];
+  const std::wstring text = box.Text();
+  if (m_postalMode && !text.empty() && !IsPostalText(text)) box.SetText(L"");
+}
+
+void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t /*shift*/) {
+  if (keyCode == kKeyShift && (m_postalMode || m_nameMode)) txtMPSC[index == 0 ? 1 : 0].SetFocus();
+  if (index == 0) {
+    if (keyCode != kKeyEnter) return;
+    VyhledejSeznam();
+    txtMPSC[1].SetText(L"");
+    return;
+  }
+  if (m_database.vGetNastaveniRegistr(kSearchWhileTyping) != 0) {
+    tmrMPSC.SetEnabled(false);
+  } else if (keyCode == kKeyEnter) {
+    tmrMPSC_Timer();
+  }
+}
+
+void frmhlavni::txtMPSC_KeyUp(std::size_t index, std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {
+  if (index == 1 && m_database.vGetNastaveniRegistr(kSearchWhileTyping) == 1) tmrMPSC.SetEnabled(true);
+}
+
+void frmhlavni::tmrMPSC_Timer() {
+  tmrMPSC.SetEnabled(false);
+  if (m_districtMode) {
+    SelectBeginning(lstMPSC[kListDistricts]);
+  } else if (m_postalMode) {
+    VyhledejPSC();
+  } else if (m_nameMode) {
+    SelectBeginning(lstMPSC[kListAll]);
+  }
+}
+
+void frmhlavni::SelectBeginning(forms::ListBox& list) { list.SetListIndex(list.FindString(txtMPSC[1].Text())); }
+
+void frmhlavni::VyhledejSeznam() {
+  if (!tlHVyhledej.Enabled()) return;
+  const BusyScope busy(m_busy);
+  const std::wstring text = Trimmed(txtMPSC[0].Text());
+  lblPSCV[1].SetCaption(L"");
+  lblMPSCN.SetCaption(L"");
+  lblMPSCN.Refresh();
+  m_samePostalCode = false;
+
+  std::wstring description;
+  {
+    const HourglassScope hourglass;
+    if (optMPSC[kModePostal].Value()) {
+      m_samePostalCode = true;
+      m_database.pscNajdiPSC(true, NumericValueText(text), m_resultList, description);
+    } else if (optMPSC[kModeName].Value()) {
+      m_database.pscVyberPostu(text, m_resultList, description);
+    } else if (optMPSC[kModeDistrict].Value()) {
+      txtMPSC[0].SetText(L"");
+      const forms::ListBox& list = lstMPSC[kListDistricts];
+      lblNPSCHT[0].SetCaption(list.ListIndex() >= 0 ? L"všechny obce okresu" : L"");
+      lblNPSCHT[1].SetCaption(list.List(list.ListIndex()));
+      m_database.pscoVyberPostu(m_resultList, description);
+    }
+  }
+  lblMPSCN.SetCaption(description);
+  if (m_database.pscNalezen()) {
+    // Re-setting the values shows the mode again; a value that stays the same raises no click.
+    for (const SearchMode mode : {kModePostal, kModeName}) optMPSC[mode].SetValue(optMPSC[mode].Value());
+  } else if (!optMPSC[kModeDistrict].Value()) {
+    txtMPSC[0].SetFocus();
+  }
+  lblPSCV[1].SetCaption(m_database.pVybran());
+}
+
+void frmhlavni::VyhledejPSC() {
+  const BusyScope busy(m_busy);
+  std::wstring description;
+  {
+    const HourglassScope hourglass;
+    m_database.pscNajdiPSC(false, NumericValueText(txtMPSC[1].Text()), m_resultList, description);
+  }
+  ShowSearchResult(description);
+}
+
+void frmhlavni::ShowSearchResult(const std::wstring& description) {
+  lblMPSCN.SetCaption(description);
+  lblPSCV[1].SetCaption(m_database.pVybran());
+}
+
+void frmhlavni::tlHVyhledej_Click() { VyhledejSeznam(); }
+
+void frmhlavni::tlHObcePSC_Click() {
+  const BusyScope busy(m_busy);
+  std::wstring description;
+  {
+    const HourglassScope hourglass;
+    m_database.pscNajdiPSC(true, m_database.pscPSC(), m_resultList, description);
+  }
+  ShowSearchResult(description);
+  tlHObcePSC.SetVisible(false);
+  m_samePostalCode = true;
+  m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+}
+
+}  // namespace kvez

@@ -1,0 +1,93 @@
+#include "mainwindow/module1.h"
+
+#include <memory>
+#include <string>
+
+#include "database/application.h"
+#include "database/clspsc.h"
+#include "database/conversion_error.h"
+#include "forms/guard.h"
+#include "forms/message_loop.h"
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/single_instance.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_formats.h"
+#include "platform/windows/windows_lz_library.h"
+#include "platform/windows/windows_message_dialog.h"
+#include "platform/windows/windows_settings_store.h"
+
+namespace kvez {
+namespace {
+
+// The folder of the program's executable, without a trailing separator.
+std::wstring ProgramFolder() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      break;
+    }
+    path.resize(path.size() * 2);
+  }
+  return path.substr(0, path.find_last_of(L'\\'));
+}
+
+std::wstring TextOfCoreError(std::exception_ptr error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const ConversionError& conversion) {
+    return conversion.Text();
+  } catch (...) {
+    return {};
+  }
+}
+
+// The services of the machine, the one database object and the one main window, in the order of their needs.
+class Module1 {
+ public:
+  Module1()
+      : m_messages([this] { return m_window ? GetLastActivePopup(m_window->Handle()) : nullptr; }),
+        m_database(CorePlatform(), ProgramFolder()) {}
+
+  int Run() {
+    m_window = std::make_unique<frmhlavni>(m_database, CorePlatform(), m_clock);
+    m_window->Load();
+    forms::RunMessageLoop(*m_window);
+    m_window.reset();
+    return 0;
+  }
+
+ private:
+  Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats}; }
+
+  WindowsMessageDialog m_messages;
+  WindowsSettingsStore m_settings;
+  WindowsLzLibrary m_lz;
+  WindowsFiles m_files;
+  WindowsFormats m_formats;
+  WindowsClock m_clock;
+  clspsc m_database;
+  std::unique_ptr<frmhlavni> m_window;
+};
+
+}  // namespace
+
+int Main() {
+  const std::wstring title(kApplicationTitle);
+  if (!ClaimSingleInstance()) {
+    const std::wstring text = L"Aplikace \"" + title + L"\" je již spuštěna nebo probíhá její ukončování !";
+    MessageBoxW(nullptr, text.c_str(), title.c_str(), MB_OK | MB_ICONINFORMATION);
+    return 0;
+  }
+  forms::SetGuard({.title = title, .translate = &TextOfCoreError, .show = {}});
+  int status = 1;
+  forms::Guarded([&status] {
+    Module1 module;
+    status = module.Run();
+  });
+  return status;
+}
+
+}  // namespace kvez

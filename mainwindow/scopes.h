@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forms/mouse_pointer.h"
+
+namespace kvez {
+
+/// The hourglass over the whole screen for as long as the object lives.
+class HourglassScope {
+ public:
+  HourglassScope() { forms::Screen::SetMousePointer(forms::kPointerHourglass); }
+  HourglassScope(const HourglassScope&) = delete;
+  HourglassScope& operator=(const HourglassScope&) = delete;
+  ~HourglassScope() { forms::Screen::SetMousePointer(forms::kPointerDefault); }
+};
+
+/// A flag that is true for as long as the object lives.
+class BusyScope {
+ public:
+  explicit BusyScope(bool& flag) : m_flag(flag) { m_flag = true; }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+  ~BusyScope() { m_flag = false; }
+
+ private:
+  bool& m_flag;
+};
+
+}  // namespace kvez

@@ -1,0 +1,100 @@
+// Selecting in the three lists.
+
+#include "tests/windows/main_window_test.h"
+
+namespace kvez {
+namespace {
+
+using Strings = std::vector<std::wstring>;
+
+class Lists : public MainWindowTest {
+ protected:
+  static void MoveOver(forms::ListBox& list, int row) {
+    const auto height = static_cast<int>(SendMessageW(list.Handle(), LB_GETITEMHEIGHT, 0, 0));
+    SendMessageW(list.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(10, row * height + height / 2));
+  }
+};
+
+TEST_F(Lists, MunicipalityShowsItsPostOfficeAndDistrict) {
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetText(L"x");
+  window.lstMPSC[0].SetListIndex(1);
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"691 44  Lednice na Moravě");
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"Lednice");
+  EXPECT_EQ(window.lblNPSCHT[1].Caption(), L"Břeclav");
+  EXPECT_EQ(window.lblPSCV[0].Caption(), L"2. záznam z 6");
+  EXPECT_FALSE(window.optMPSC[1].Value());
+  EXPECT_FALSE(window.tlHVyhledej.Enabled());
+  EXPECT_FALSE(window.tlHObcePSC.Visible());
+  EXPECT_EQ(window.txtMPSC[1].Text(), L"");
+}
+
+TEST_F(Lists, AddressIsShownWholeThoughPostalModeLimitsTyping) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.lstMPSC[0].SetListIndex(1);
+  EXPECT_EQ(window.txtMPSC[0].MaxLength(), 0);
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"691 44  Lednice na Moravě");
+}
+
+TEST_F(Lists, ResultOffersTheMunicipalitiesOfItsPostalCode) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"Mikulov");
+  window.VyhledejSeznam();
+  window.lstMPSC[1].SetListIndex(0);
+  EXPECT_TRUE(window.tlHObcePSC.Visible());
+  EXPECT_EQ(window.tlHObcePSC.ToolTipText(), L"Vytvoří seznam obcí pro PSČ \"692 01  Mikulov na Moravě\".");
+  EXPECT_EQ(window.lblPSCV[1].Caption(), L"1. záznam z 1");
+  EXPECT_FALSE(window.tlHVyhledej.Enabled());
+  window.tlHObcePSC.Click();
+  EXPECT_EQ(Rows(window.lstMPSC[1]), (Strings{L"Bavory", L"Mikulov"}));
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Hledané obce s PSČ \"692 01\".");
+  EXPECT_FALSE(window.tlHObcePSC.Visible());
+  // The list is one of a single PSČ already.
+  window.lstMPSC[1].SetListIndex(0);
+  EXPECT_FALSE(window.tlHObcePSC.Visible());
+}
+
+TEST_F(Lists, ResultOfAPostalSearchOffersNothing) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.txtMPSC[0].SetText(L"69201");
+  window.VyhledejSeznam();
+  window.lstMPSC[1].SetListIndex(0);
+  EXPECT_FALSE(window.tlHObcePSC.Visible());
+}
+
+TEST_F(Lists, DistrictEnablesTheSearchAgain) {
+  frmhlavni& window = Open();
+  window.optMPSC[2].SetValue(true);
+  window.lstMPSC[2].SetListIndex(0);
+  window.VyhledejSeznam();
+  window.lstMPSC[1].SetListIndex(0);
+  EXPECT_FALSE(window.tlHVyhledej.Enabled());
+  EXPECT_TRUE(window.tlHObcePSC.Visible());
+  window.lstMPSC[2].SetListIndex(1);
+  EXPECT_TRUE(window.tlHVyhledej.Enabled());
+  EXPECT_FALSE(window.tlHObcePSC.Visible());
+  EXPECT_EQ(window.lblPSCV[0].Caption(), L"2. záznam z 2");
+}
+
+TEST_F(Lists, SelectionFollowsThePointerOnlyWhenWanted) {
+  frmhlavni& window = Open();
+  MoveOver(window.lstMPSC[0], 2);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), -1);
+  SetSetting(0, L"1");
+  MoveOver(window.lstMPSC[0], 2);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"Mikulov");
+}
+
+TEST_F(Lists, PointerBelowTheLastRowSelectsNothing) {
+  SetSetting(0, L"1");
+  frmhlavni& window = Open();
+  MoveOver(window.lstMPSC[0], 3);
+  MoveOver(window.lstMPSC[0], 9);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 3);
+}
+
+}  // namespace
+}  // namespace kvez

@@ -1,0 +1,240 @@
+// The search panel: modes, typing, searches.
+
+#include "tests/windows/main_window_test.h"
+
+namespace kvez {
+namespace {
+
+using Strings = std::vector<std::wstring>;
+
+class SearchPanel : public MainWindowTest {};
+
+TEST_F(SearchPanel, PostalModeLimitsBothFieldsToSixCharacters) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  for (const forms::TextBox& box : window.txtMPSC) EXPECT_EQ(box.MaxLength(), 6);
+  window.optMPSC[1].SetValue(true);
+  for (const forms::TextBox& box : window.txtMPSC) EXPECT_EQ(box.MaxLength(), 0);
+}
+
+TEST_F(SearchPanel, ChangingTheModeEmptiesTheFieldsAndTheCaptions) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"a");
+  window.txtMPSC[1].SetText(L"b");
+  window.lblNPSCHT[0].SetCaption(L"c");
+  window.lblNPSCHT[1].SetCaption(L"d");
+  window.optMPSC[2].SetValue(true);
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"");
+  EXPECT_EQ(window.txtMPSC[1].Text(), L"");
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"");
+  EXPECT_EQ(window.lblNPSCHT[1].Caption(), L"");
+}
+
+TEST_F(SearchPanel, DistrictModeShowsTheDistrictsAndTakesNoText) {
+  frmhlavni& window = Open();
+  window.optMPSC[2].SetValue(true);
+  EXPECT_FALSE(window.txtMPSC[0].Enabled());
+  EXPECT_TRUE(window.lstMPSC[2].Visible());
+  EXPECT_FALSE(window.lstMPSC[0].Visible());
+  EXPECT_EQ(window.lblPSCV[0].Caption(), L"V seznamu jsou 2 okresy.");
+  window.optMPSC[1].SetValue(true);
+  EXPECT_TRUE(window.txtMPSC[0].Enabled());
+  EXPECT_FALSE(window.lstMPSC[2].Visible());
+  EXPECT_TRUE(window.lstMPSC[0].Visible());
+  EXPECT_EQ(window.lblPSCV[0].Caption(), L"V seznamu je 6 obcí.");
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[0]);
+}
+
+TEST_F(SearchPanel, PostalModeSwallowsThePeriodTheCommaAndLetters) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  Type(window.txtMPSC[0], L"6.9,2a 01");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"692 01");
+}
+
+TEST_F(SearchPanel, PastedTextThatIsNoPostalCodeIsEmptiedAtOnce) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.txtMPSC[0].SetText(L"69a");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"");
+  window.txtMPSC[0].SetText(L"692-01");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"692-01");
+}
+
+TEST_F(SearchPanel, EveryBeginningOfATypedPostalCodeSurvives) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  const std::wstring code = L"692 01";
+  for (std::size_t length = 1; length <= code.size(); ++length) {
+    Type(window.txtMPSC[0], code.substr(length - 1, 1));
+    EXPECT_EQ(window.txtMPSC[0].Text(), code.substr(0, length));
+  }
+}
+
+TEST_F(SearchPanel, NameModeTakesEverything) {
+  frmhlavni& window = Open();
+  Type(window.txtMPSC[0], L"Č.,*?ř1");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"Č.,*?ř1");
+}
+
+TEST_F(SearchPanel, EnterSearchesAndEmptiesTheLightBlueField) {
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetText(L"x");
+  window.txtMPSC[0].SetText(L"  Praha  ");
+  PressEnter(window.txtMPSC[0]);
+  EXPECT_EQ(Rows(window.lstMPSC[1]), Strings{L"Praha 1"});
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Název obce \"Praha\".");
+  EXPECT_EQ(window.lblPSCV[1].Caption(), L"Zadání vyhovuje 1 obec.");
+  EXPECT_EQ(window.txtMPSC[1].Text(), L"");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"  Praha  ");
+}
+
+TEST_F(SearchPanel, PostalSearchTakesTheNumberOfTheText) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.txtMPSC[0].SetText(L"692 01");
+  PressEnter(window.txtMPSC[0]);
+  EXPECT_EQ(Rows(window.lstMPSC[1]), (Strings{L"Bavory", L"Mikulov"}));
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Hledané obce s PSČ \"692 01\".");
+}
+
+TEST_F(SearchPanel, SearchWithoutAResultGoesBackToTheText) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"Nikde");
+  window.lstMPSC[0].SetFocus();
+  window.VyhledejSeznam();
+  EXPECT_EQ(window.lstMPSC[1].ListCount(), 0);
+  EXPECT_EQ(window.lblPSCV[1].Caption(), L"Seznam je prázdný.");
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[0]);
+}
+
+TEST_F(SearchPanel, DistrictSearchListsTheSelectedDistrict) {
+  frmhlavni& window = Open();
+  window.optMPSC[2].SetValue(true);
+  window.lstMPSC[2].SetListIndex(0);
+  EXPECT_EQ(window.lblPSCV[0].Caption(), L"1. záznam z 2");
+  window.VyhledejSeznam();
+  EXPECT_EQ(Rows(window.lstMPSC[1]), (Strings{L"Bavory", L"Lednice", L"Mikulov", L"Valtice"}));
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Obce v okrese \"Břeclav\".");
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"všechny obce okresu");
+  EXPECT_EQ(window.lblNPSCHT[1].Caption(), L"Břeclav");
+}
+
+TEST_F(SearchPanel, DisabledSearchButtonSearchesNothing) {
+  frmhlavni& window = Open();
+  window.tlHVyhledej.SetEnabled(false);
+  window.txtMPSC[0].SetText(L"Lednice");
+  PressEnter(window.txtMPSC[0]);
+  EXPECT_EQ(window.lstMPSC[1].ListCount(), 0);
+}
+
+TEST_F(SearchPanel, WildcardsOnlyAreRefusedWithTheMessage) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"*");
+  window.VyhledejSeznam();
+  ASSERT_EQ(m_machine.messages.messages.size(), 1U);
+  EXPECT_EQ(m_machine.messages.messages[0].text, L"Zadejte minimálně 1 znak pro vyhledání !");
+}
+
+TEST_F(SearchPanel, ShiftMovesBetweenTheFieldsInTypingModes) {
+  frmhlavni& window = Open();
+  SendMessageW(window.txtMPSC[0].Handle(), WM_KEYDOWN, VK_SHIFT, 0);
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[1]);
+  SendMessageW(window.txtMPSC[1].Handle(), WM_KEYDOWN, VK_SHIFT, 0);
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[0]);
+}
+
+TEST_F(SearchPanel, ShiftStaysInDistrictMode) {
+  frmhlavni& window = Open();
+  window.optMPSC[2].SetValue(true);
+  window.txtMPSC[1].SetFocus();
+  SendMessageW(window.txtMPSC[1].Handle(), WM_KEYDOWN, VK_SHIFT, 0);
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[1]);
+}
+
+TEST_F(SearchPanel, LightBlueFieldHidesTheSearchButtonWhileItHasTheFocus) {
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetFocus();
+  EXPECT_FALSE(window.tlHVyhledej.Visible());
+  window.txtMPSC[0].SetFocus();
+  EXPECT_TRUE(window.tlHVyhledej.Visible());
+}
+
+TEST_F(SearchPanel, LightBlueFieldSelectsTheFirstThatBeginsSoOnEnter) {
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetFocus();
+  window.txtMPSC[1].SetText(L"mi");
+  EXPECT_FALSE(window.tmrMPSC.Enabled());
+  PressEnter(window.txtMPSC[1]);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"Mikulov");
+}
+
+TEST_F(SearchPanel, LightBlueFieldWithoutAMatchSelectsNothing) {
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetText(L"xyz");
+  PressEnter(window.txtMPSC[1]);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), -1);
+}
+
+TEST_F(SearchPanel, LightBlueFieldSearchesPostalCodesByTheirBeginning) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.txtMPSC[1].SetText(L"691");
+  PressEnter(window.txtMPSC[1]);
+  EXPECT_EQ(Rows(window.lstMPSC[1]), (Strings{L"Lednice", L"Valtice"}));
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Obce s PSČ začínající na  \"691\".");
+  EXPECT_EQ(window.lblPSCV[1].Caption(), L"Zadání vyhovují 2 obce.");
+}
+
+TEST_F(SearchPanel, LightBlueFieldIgnoresTheBlankOfAPostalCode) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  window.txtMPSC[1].SetText(L"692 01");
+  window.VyhledejPSC();
+  EXPECT_EQ(Rows(window.lstMPSC[1]), (Strings{L"Bavory", L"Mikulov"}));
+}
+
+TEST_F(SearchPanel, LightBlueFieldSelectsDistricts) {
+  frmhlavni& window = Open();
+  window.optMPSC[2].SetValue(true);
+  window.txtMPSC[1].SetText(L"HLAV");
+  PressEnter(window.txtMPSC[1]);
+  EXPECT_EQ(window.lstMPSC[2].ListIndex(), 1);
+}
+
+TEST_F(SearchPanel, SearchWhileTypingWaitsForTheLastKey) {
+  SetSetting(2, L"1");
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetFocus();
+  int selections = 0;
+  const auto original = window.lstMPSC[0].Click;
+  window.lstMPSC[0].Click = [&] {
+    ++selections;
+    original();
+  };
+  for (const wchar_t character : std::wstring(L"pra")) {
+    SendMessageW(window.txtMPSC[1].Handle(), WM_KEYDOWN, 0xE8, 0);
+    EXPECT_FALSE(window.tmrMPSC.Enabled());
+    SendMessageW(window.txtMPSC[1].Handle(), WM_CHAR, character, 0);
+    SendMessageW(window.txtMPSC[1].Handle(), WM_KEYUP, 0xE8, 0);
+    EXPECT_TRUE(window.tmrMPSC.Enabled());
+  }
+  EXPECT_EQ(selections, 0);
+  window.tmrMPSC.Elapsed();
+  EXPECT_EQ(selections, 1);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 3);
+  EXPECT_FALSE(window.tmrMPSC.Enabled());
+}
+
+TEST_F(SearchPanel, SearchWhileTypingLeavesEnterToTheTimer) {
+  SetSetting(2, L"1");
+  frmhlavni& window = Open();
+  window.txtMPSC[1].SetText(L"pra");
+  PressEnter(window.txtMPSC[1]);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), -1);
+  EXPECT_TRUE(window.tmrMPSC.Enabled());
+}
+
+}  // namespace
+}  // namespace kvez

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/message_loop.h"
+#include "mainwindow/frmhlavni.h"
+#include "platform/windows/windows_clock.h"
+#include "tests/core/data_bytes.h"
+#include "tests/core/fakes.h"
+
+namespace kvez {
+
+/// The real main window over a small database on a fake machine.
+class MainWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    using namespace fakes;
+    Bytes municipalities;
+    AppendMunicipality(municipalities, 69201, L"Bavory", L"Břeclav");
+    AppendMunicipality(municipalities, 69144, L"Lednice", L"Břeclav");
+    AppendMunicipality(municipalities, 69201, L"Mikulov", L"Břeclav");
+    AppendMunicipality(municipalities, 11000, L"Praha 1", L"Hlavní město Praha");
+    AppendMunicipality(municipalities, 11000, L"Staré Město", L"Hlavní město Praha");
+    AppendMunicipality(municipalities, 69142, L"Valtice", L"Břeclav");
+    Bytes postOffices;
+    AppendPostOffice(postOffices, 11000, L"Praha 1");
+    AppendPostOffice(postOffices, 69142, L"Valtice");
+    AppendPostOffice(postOffices, 69144, L"Lednice na Moravě");
+    AppendPostOffice(postOffices, 69201, L"Mikulov na Moravě");
+    Bytes districts;
+    AppendDistrict(districts, 3704, L"Břeclav");
+    AppendDistrict(districts, 3100, L"Hlavní město Praha");
+    m_machine.disk.files[kFolder + L"\\vd1.kl_"] = municipalities;
+    m_machine.disk.files[kFolder + L"\\vd2.kl_"] = postOffices;
+    m_machine.disk.files[kFolder + L"\\vd3.kl_"] = districts;
+    m_machine.disk.written[kFolder + L"\\vd1.kl_"] = {2026, 11, 16, 0, 50, 0};
+  }
+
+  void TearDown() override {
+    if (!m_window) return;
+    m_machine.messages.answers = {true};
+    m_window->Unload();
+  }
+
+  frmhlavni& Open() {
+    m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock);
+    m_window->Load();
+    forms::DoEvents();
+    return *m_window;
+  }
+
+  void SetSetting(int number, const wchar_t* value) {
+    m_machine.settings.values[{L"VD", L"VDKVEZ", L"nastavení" + std::to_wstring(number)}] = value;
+  }
+
+  static std::vector<std::wstring> Rows(const forms::ListBox& list) {
+    std::vector<std::wstring> rows;
+    for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
+    return rows;
+  }
+
+  /// A key as the box receives it: down with its character, then up.
+  static void Press(forms::TextBox& box, WPARAM key, wchar_t character = 0) {
+    SendMessageW(box.Handle(), WM_KEYDOWN, key, 0);
+    if (character != 0) SendMessageW(box.Handle(), WM_CHAR, character, 0);
+    SendMessageW(box.Handle(), WM_KEYUP, key, 0);
+  }
+  static void Type(forms::TextBox& box, const std::wstring& text) {
+    for (const wchar_t character : text) Press(box, 0xE8, character);  // a key without a meaning of its own
+  }
+  static void PressEnter(forms::TextBox& box) { Press(box, VK_RETURN, L'\r'); }
+
+  static inline const std::wstring kFolder = L"C:\\Kvez";
+  fakes::Machine m_machine;
+  WindowsClock m_clock;
+  clspsc m_database{m_machine.Platform(), kFolder};
+  std::unique_ptr<frmhlavni> m_window;
+};
+
+}  // namespace kvez
