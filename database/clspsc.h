@@ -32,7 +32,8 @@ class clspsc {
   clspsc(const clspsc&) = delete;
   clspsc& operator=(const clspsc&) = delete;
 
-  // Loading and release. A failed loading shows its message and leaves the list (pscNacti: every list) empty.
+  // Loading and release. A loading appends to its list, so a loaded one is released before it is loaded again. A failed
+  // loading shows its message and leaves the list (pscNacti: every list) empty.
   void pscNacti(ProgressWindow& window);
   void pscpNacti(ProgressWindow& window);
   void pscoNacti(ProgressWindow& window);

@@ -67,7 +67,6 @@ void clspsc::pscVyberPostu(const std::wstring& text, ListBox& list, std::wstring
   }
   description = DescribeNamePattern(*pattern);
   m_result = m_municipalities.Keys().Find(*pattern);
-  m_found = !m_result.empty();
   FillResultList(list);
 }
 
@@ -97,7 +96,6 @@ void clspsc::AddMatch(std::size_t municipality) {
   tpclspsc position;
   position.tpPozice(static_cast<std::int32_t>(municipality) + 1);
   m_result.push_back(position);
-  m_found = true;
 }
 
 void clspsc::FillResultList(ListBox& list) {
@@ -110,7 +108,8 @@ void clspsc::FillResultList(ListBox& list) {
   ListFilling filling(list, m_result.size(), characters);
   for (const tpclspsc& position : m_result) {
     ++m_resultCursor;
-    // The cursor moves along and stays on the last one, and so does its post office where one has none.
+    // The cursor moves along and stays on the last one, its post office where that one has none is carried over from
+    // row to row, and every move sets the found flag.
     pscDetail(position.tpPozice());
     filling.AddRow(m_currentName, m_resultCursor);
   }

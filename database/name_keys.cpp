@@ -133,20 +133,18 @@ void NameKeys::FindEach(std::vector<tpclspsc>& found, Matches matches) const {
 
 void NameKeys::FindContaining(std::vector<tpclspsc>& found, std::string_view pattern) const {
   const std::string_view text(m_text);
-  std::size_t index = 0;
+  std::size_t index = 0;  // of the name that the place is in
   std::size_t place = FindFrom(text, pattern, 0);
   while (place != std::string_view::npos) {
     while (m_ends[index] <= place) ++index;
     const std::string_view name = Key(index);
-    const std::size_t begin = m_ends[index] - name.size();
-    if (place + pattern.size() > m_ends[index]) {
-      ++place;  // half in this name, half in the next: no occurrence
-    } else {
+    const std::size_t position = place - (m_ends[index] - name.size());
+    // An occurrence may begin in this name and end in the next ones; then no later one fits into this name either.
+    if (position + pattern.size() <= name.size()) {
       const bool whole = name.size() == pattern.size();
-      if (whole || OccurrenceCounts(name, pattern, place - begin)) found.push_back(PositionOf(index));
-      place = m_ends[index];
+      if (whole || OccurrenceCounts(name, pattern, position)) found.push_back(PositionOf(index));
     }
-    place = FindFrom(text, pattern, place);
+    place = FindFrom(text, pattern, m_ends[index]);
   }
 }
 
