@@ -1,6 +1,52 @@
 # The data tool, and the three data files that the build lays beside the program.
-file(GLOB tool_sources CONFIGURE_DEPENDS tools/*.cpp)
-if(tool_sources)
-  add_executable(kvezdata ${tool_sources})
-  target_link_libraries(kvezdata PRIVATE kvez_core kvez_platform_portable)
+if(KVEZ_FUZZERS)
+  return()
 endif()
+
+# The order of the Czech alphabet comes from the machine: Windows has it, elsewhere ICU does.
+if(WIN32)
+  add_library(kvez_collation INTERFACE)
+  target_link_libraries(kvez_collation INTERFACE kvez_platform_windows)
+else()
+  find_package(ICU REQUIRED COMPONENTS i18n uc)
+  kvez_room(kvez_collation platform/portable/collation ICU::i18n ICU::uc)
+endif()
+
+# Everything but main() is a library, so that tests can run commands without a process for each.
+file(GLOB tool_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/*.cpp)
+list(REMOVE_ITEM tool_sources ${PROJECT_SOURCE_DIR}/tools/main.cpp)
+add_library(kvez_tool STATIC ${tool_sources})
+target_link_libraries(kvez_tool PUBLIC kvez_core kvez_platform_portable kvez_collation)
+add_executable(kvezdata ${PROJECT_SOURCE_DIR}/tools/main.cpp)
+target_link_libraries(kvezdata PRIVATE kvez_tool)
+if(MINGW)
+  target_link_options(kvezdata PRIVATE -municode)
+endif()
+
+# A build for another machine cannot run its own tool and takes the one of the native build.
+if(CMAKE_CROSSCOMPILING)
+  set(data_tool ${PROJECT_SOURCE_DIR}/build/native/kvezdata)
+  set(data_tool_target)
+else()
+  set(data_tool $<TARGET_FILE:kvezdata>)
+  set(data_tool_target kvezdata)
+endif()
+if(WIN32)
+  set(KVEZ_DATA_FOLDER ${KVEZ_PROGRAM_FOLDER})
+else()
+  set(KVEZ_DATA_FOLDER ${PROJECT_BINARY_DIR}/data)
+endif()
+set(data_files ${KVEZ_DATA_FOLDER}/vd1.kl_ ${KVEZ_DATA_FOLDER}/vd2.kl_ ${KVEZ_DATA_FOLDER}/vd3.kl_)
+set(data_tables ${PROJECT_SOURCE_DIR}/data)
+# The tool of another build is no dependency that Ninja could make: the script names it in the dependency file, and
+# says what to do when it is missing.
+add_custom_command(
+  OUTPUT ${data_files}
+  COMMAND ${CMAKE_COMMAND} -DTOOL=${data_tool} -DTABLES=${data_tables} -DFOLDER=${KVEZ_DATA_FOLDER}
+          -DDEPFILE=${PROJECT_BINARY_DIR}/data.d -P ${PROJECT_SOURCE_DIR}/cmake/make-data.cmake
+  DEPENDS ${data_tables}/obce.csv ${data_tables}/posty.csv ${data_tables}/okresy.csv
+          ${PROJECT_SOURCE_DIR}/cmake/make-data.cmake ${data_tool_target}
+  DEPFILE ${PROJECT_BINARY_DIR}/data.d
+  COMMENT "Making the three data files"
+  VERBATIM)
+add_custom_target(kvez_data ALL DEPENDS ${data_files})

@@ -60,6 +60,11 @@ class clspsc {
   void pscVyberVse(ListBox& list, ProgressWindow& window);
   void pscoVyberVse(ListBox& list, ProgressWindow& window);
 
+  // The lists as they were read, in file order.
+  const MunicipalityList& Municipalities() const { return m_municipalities; }
+  const std::vector<tclsdodavaci>& PostOffices() const { return m_postOffices; }
+  const std::vector<tclsokresy>& Districts() const { return m_districts; }
+
   // Cursors.
   void pscDetail(std::int32_t n);
   void pscDetailPlus();

@@ -1,0 +1,32 @@
+#include "tools/loaded_database.h"
+
+#include "tools/tool.h"
+#include "tools/utf8.h"
+
+namespace kvez {
+
+void CollectedMessages::Show(std::wstring_view text, MessageIcon, std::wstring_view) {
+  if (!m_texts.empty()) m_texts.push_back(L'\n');
+  m_texts.append(text);
+}
+
+bool CollectedMessages::Ask(std::wstring_view text, std::wstring_view caption) {
+  // Nobody is there to answer.
+  Show(text, MessageIcon::Question, caption);
+  return false;
+}
+
+void CollectedMessages::ThrowIfAny() const {
+  if (!m_texts.empty()) throw ToolError(ToUtf8(m_texts));
+}
+
+LoadedDatabase::LoadedDatabase(const std::filesystem::path& folder)
+    : m_database(Platform{m_messages, m_settings, m_lz, m_files, m_formats},
+                 std::filesystem::absolute(folder).wstring()) {
+  m_database.pscNacti(m_progress);
+  m_database.pscpNacti(m_progress);
+  m_database.pscoNacti(m_progress);
+  m_messages.ThrowIfAny();
+}
+
+}  // namespace kvez

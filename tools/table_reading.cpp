@@ -1,0 +1,123 @@
+// Reading of the project's three tables.
+
+#include <limits>
+#include <map>
+
+#include "database/windows1250.h"
+#include "tools/lines.h"
+#include "tools/tables.h"
+#include "tools/tool.h"
+#include "tools/utf8.h"
+
+namespace kvez {
+namespace {
+
+/// One table, line by line. Throws ToolError with file and line.
+class TableReader {
+ public:
+  TableReader(const std::filesystem::path& path, std::string_view heading)
+      : m_name(Shown(path)), m_bytes(ReadWholeFile(path)) {
+    std::string_view text(reinterpret_cast<const char*>(m_bytes.data()), m_bytes.size());
+    // Some editors mark UTF-8 files.
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    m_lines = SplitLines(text);
+    m_columns = SplitFields(FromUtf8(heading).value()).size();
+    if (m_lines.empty() || m_lines.front() != heading) {
+      m_line = 1;
+      Fail("the heading '" + std::string(heading) + "' was expected");
+    }
+  }
+
+  /// The fields of the next row; false behind the last one.
+  bool Next() {
+    m_line = m_next + 1;
+    if (m_next == m_lines.size()) {
+      // An empty data file counts as damaged.
+      if (m_next == 1) Fail("at least one row was expected");
+      return false;
+    }
+    const auto line = FromUtf8(m_lines[m_next++]);
+    if (!line) Fail("it is not UTF-8");
+    m_fields = SplitFields(*line);
+    if (m_fields.size() != m_columns) {
+      Fail(std::to_string(m_columns) + " columns were expected, not " + std::to_string(m_fields.size()));
+    }
+    return true;
+  }
+
+  [[noreturn]] void Fail(const std::string& what) const { throw ToolError(AtLine(m_name, m_line) + what); }
+
+  std::size_t Line() const { return m_line; }
+
+  std::int32_t PostalCode(std::size_t column) const {
+    const auto code = ParsePostalCode(m_fields[column]);
+    if (!code) Fail(InApostrophes(m_fields[column]) + " is no postal code of five digits");
+    return *code;
+  }
+
+  std::int16_t DistrictCode(std::size_t column) const {
+    const auto code = ParseDistrictCode(m_fields[column]);
+    if (!code) Fail(InApostrophes(m_fields[column]) + " is no district code from -32768 to 32767");
+    return *code;
+  }
+
+  std::wstring Name(std::size_t column) const {
+    const std::wstring& name = m_fields[column];
+    if (name.empty()) Fail("a name is empty");
+    if (name.size() > std::numeric_limits<std::uint16_t>::max()) Fail("a name is longer than 65535 letters");
+    for (const wchar_t character : name) {
+      const bool control = character < L' ' || (character >= 0x7F && character < 0xA0);
+      if (control || !ToWindows1250(character)) {
+        Fail(InApostrophes(std::wstring_view(&character, 1)) + " is no letter of Windows-1250");
+      }
+    }
+    return name;
+  }
+
+ private:
+  std::string m_name;
+  Bytes m_bytes;
+  std::vector<std::string_view> m_lines;
+  std::vector<std::wstring> m_fields;
+  std::size_t m_columns = 0;
+  std::size_t m_next = 1;  // index of the next line; line numbers count from 1
+  std::size_t m_line = 1;
+};
+
+/// Refuses a second row for the same code.
+template <class Code>
+class OnlyOnce {
+ public:
+  void Add(const TableReader& reader, Code code) {
+    const auto [earlier, added] = m_lines.emplace(code, reader.Line());
+    if (!added) reader.Fail("the code has a row already, in line " + std::to_string(earlier->second));
+  }
+
+ private:
+  std::map<Code, std::size_t> m_lines;
+};
+
+}  // namespace
+
+Tables ReadTables(const std::filesystem::path& folder) {
+  Tables tables;
+  TableReader municipalities(folder / "obce.csv", "psc;obec;okres");
+  while (municipalities.Next()) {
+    tables.municipalities.push_back({municipalities.PostalCode(0), municipalities.Name(1), municipalities.Name(2)});
+  }
+  TableReader postOffices(folder / "posty.csv", "psc;posta");
+  OnlyOnce<std::int32_t> postOfficeOfCode;
+  while (postOffices.Next()) {
+    tables.postOffices.push_back({postOffices.PostalCode(0), postOffices.Name(1)});
+    postOfficeOfCode.Add(postOffices, tables.postOffices.back().code);
+  }
+  TableReader districts(folder / "okresy.csv", "kod;okres");
+  OnlyOnce<std::int16_t> districtOfCode;
+  while (districts.Next()) {
+    tables.districts.push_back({districts.DistrictCode(0), districts.Name(1)});
+    districtOfCode.Add(districts, tables.districts.back().code);
+  }
+  return tables;
+}
+
+}  // namespace kvez

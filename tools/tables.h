@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/collation.h"
+#include "tools/files.h"
+
+namespace kvez {
+
+struct MunicipalityRow {
+  std::int32_t code = 0;
+  std::wstring name;
+  std::wstring district;
+
+  friend bool operator==(const MunicipalityRow&, const MunicipalityRow&) = default;
+};
+struct PostOfficeRow {
+  std::int32_t code = 0;
+  std::wstring name;
+
+  friend bool operator==(const PostOfficeRow&, const PostOfficeRow&) = default;
+};
+struct DistrictRow {
+  std::int16_t code = 0;
+  std::wstring name;
+
+  friend bool operator==(const DistrictRow&, const DistrictRow&) = default;
+};
+
+/// The project's three tables: obce.csv, posty.csv and okresy.csv.
+struct Tables {
+  std::vector<MunicipalityRow> municipalities;
+  std::vector<PostOfficeRow> postOffices;
+  std::vector<DistrictRow> districts;
+};
+
+/// The Czech order by name, then by code; rows that the order calls equal come as their characters do.
+void Sort(Tables& tables, Collation& collation);
+
+/// The three files in `folder`, as they are written: UTF-8, a heading, one row a line.
+std::vector<NewFile> TableFiles(const Tables& tables, const std::filesystem::path& folder);
+
+/// Reads the three files of `folder`, their order kept. Throws ToolError with file and line for anything that the data
+/// files cannot hold or that contradicts another row: wrong columns, codes, letters outside Windows-1250, names that
+/// are empty or too long, a code with two post offices or two district names.
+Tables ReadTables(const std::filesystem::path& folder);
+
+/// A postal code is five digits, leading zeros included. Anything else gives nothing.
+std::optional<std::int32_t> ParsePostalCode(std::wstring_view text);
+std::wstring PostalCodeText(std::int32_t code);
+
+/// A decimal number that fits 16 bits with a sign. Anything else gives nothing.
+std::optional<std::int16_t> ParseDistrictCode(std::wstring_view text);
+
+}  // namespace kvez

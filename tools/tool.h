@@ -1,0 +1,20 @@
+#pragma once
+
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kvez {
+
+/// What ends a command: a plain message in UTF-8. Also for a command line that no command understands.
+class ToolError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Runs the data tool. `arguments` are those behind the program's name. Results go to `out` and messages to `error`,
+/// both UTF-8; the result is the exit status, 0 or 1.
+int RunTool(const std::vector<std::wstring>& arguments, std::ostream& out, std::ostream& error);
+
+}  // namespace kvez
