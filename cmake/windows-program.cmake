@@ -16,12 +16,18 @@ set_source_files_properties(resources/kvez.rc PROPERTIES OBJECT_DEPENDS
 # Where the program looks for its maker; the defaults are of a domain that nobody can own.
 set(KVEZ_DOWNLOAD_BASE "https://kvez.example/data/" CACHE STRING "Address of the folder that ./kvez publish lays out")
 set(KVEZ_MAIL "kvez@kvez.example" CACHE STRING "Mail address behind the button E-mail")
-set(KVEZ_WEB "kvez.example" CACHE STRING "Web page behind the button Internet, without http://")
+set(KVEZ_WEB "www.kvez.example" CACHE STRING "Web page behind the button Internet, without http://")
 if(NOT KVEZ_DOWNLOAD_BASE MATCHES "/$")
   message(FATAL_ERROR "KVEZ_DOWNLOAD_BASE must end with a slash; it is ${KVEZ_DOWNLOAD_BASE}")
 endif()
 set_source_files_properties(mainwindow/addresses.cpp PROPERTIES COMPILE_DEFINITIONS
   "KVEZ_DOWNLOAD_BASE=L\"${KVEZ_DOWNLOAD_BASE}\";KVEZ_MAIL=L\"${KVEZ_MAIL}\";KVEZ_WEB=L\"${KVEZ_WEB}\"")
+
+# The state of the official list that data/ comes from.
+file(STRINGS ${PROJECT_SOURCE_DIR}/data/stav.txt KVEZ_DATA_STATE ENCODING UTF-8 LIMIT_COUNT 1)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/stav.txt)
+set_source_files_properties(mainwindow/about_text.cpp PROPERTIES COMPILE_DEFINITIONS
+  "KVEZ_DATA_STATE=L\"${KVEZ_DATA_STATE}\"")
 
 # Other processors' programs have folders of their own; the folder that people know holds the x64 one.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)

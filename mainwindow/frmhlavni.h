@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,12 @@
 #include "forms/list_box.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
+#include "mainwindow/command_services.h"
 #include "mainwindow/list_box_adapter.h"
+#include "mainwindow/message_timer.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
+#include "settings/frmnastaveni.h"
 
 namespace kvez {
 
@@ -28,12 +32,12 @@ enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 
 enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
 
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
-/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_commands (the
-/// buttons).
+/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_update (what
+/// reaches the internet), frmhlavni_about (the About panel), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
-  frmhlavni(clspsc& database, const Platform& platform, Clock& clock);
+  frmhlavni(clspsc& database, const Platform& platform, Clock& clock, CommandServices services);
 
   /// Paints the bar of the message panel to a fraction (0 to 1) of its width.
   void Prubech(float fraction) override;
@@ -70,6 +74,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void Form_Unload(std::int16_t& cancel) override;
   void Form_Terminate() override;
   void Form_Resize() override;
+  void Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) override;
 
  private:
   // frmhlavni_layout
@@ -110,12 +115,36 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowDistrict();
   void LeaveTypingModes();
 
+  // frmhlavni_update
+  void tlHAktualizace_Click();
+  void tlHNapoveda_Click();
+  std::wstring CestaNapovedy() const;
+  std::int32_t DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status);
+  void TakeOverDownloadedFiles();
+  void RestartSearching();
+  void KeepTheDatabase();
+
+  // frmhlavni_about
+  void tlHOaplikaci_Click();
+  void tlHStorno_Click();
+
   // frmhlavni_commands
+  void BindCommands();
+  void tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme);
+  void ClearMessage();
   void tlHKonec_Click();
+  void tlHNastaveni_Click();
+  void tlHMeil_Click();
+  void tlHWWW_Click();
+  void tlHPCInfo_Click();
+  void SelectMode(SearchMode mode);
 
   clspsc& m_database;
   Platform m_platform;
+  CommandServices m_services;
   StatusBar m_statusBar;
+  MessageTimer m_messageTimer;
+  std::unique_ptr<frmnastaveni> m_settingsWindow;
   ListBoxAdapter m_allList{lstMPSC[kListAll]};
   ListBoxAdapter m_resultList{lstMPSC[kListResult]};
   ListBoxAdapter m_districtList{lstMPSC[kListDistricts]};
@@ -123,6 +152,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // Busy: from the start to the end of Form_Load, while a search runs, and from the confirmed exit on. The selection
   // does not follow the pointer then.
   bool m_busy = true;
+  bool m_downloading = false;
   bool m_postalMode = false;
   bool m_nameMode = false;
   bool m_districtMode = false;

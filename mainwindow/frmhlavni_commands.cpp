@@ -1,9 +1,103 @@
 // The command buttons and the keys of the whole window.
 
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <memory>
+#include <utility>
+
 #include "mainwindow/frmhlavni.h"
 
 namespace kvez {
 
+void frmhlavni::BindCommands() {
+  struct Hint {
+    tlText& button;
+    const wchar_t* icon;
+  };
+  // tlHObcePSC_MouseMoveEnabled, tlHVyhledej_MouseMoveEnabled and so on: one handler for all.
+  const std::array<Hint, 11> hints = {{
+      {tlHObcePSC, L"NAJDI"},
+      {tlHVyhledej, L"NAJDI"},
+      {tlHAktualizace, L"APLIKACE"},
+      {tlHNapoveda, L"NAPOVEDA"},
+      {tlHOaplikaci, L"APLIKACE"},
+      {tlHNastaveni, L"NASTAVENI"},
+      {tlHKonec, L"APLIKACE"},
+      {tlHMeil, L"MEIL"},
+      {tlHWWW, L"INTERNET"},
+      {tlHPCInfo, L"POCITAC"},
+      {tlHStorno, L"APLIKACE"},
+  }};
+  for (const Hint& hint : hints) {
+    hint.button.MouseMoveEnabled = [this, &button = hint.button, icon = hint.icon](bool mme) {
+      tlH_MouseMoveEnabled(button, icon, mme);
+    };
+  }
+  tlHAktualizace.Click = [this] { tlHAktualizace_Click(); };
+  tlHNapoveda.Click = [this] { tlHNapoveda_Click(); };
+  tlHOaplikaci.Click = [this] { tlHOaplikaci_Click(); };
+  tlHNastaveni.Click = [this] { tlHNastaveni_Click(); };
+  tlHKonec.Click = [this] { tlHKonec_Click(); };
+  tlHStorno.Click = [this] { tlHStorno_Click(); };
+  tlHMeil.Click = [this] { tlHMeil_Click(); };
+  tlHWWW.Click = [this] { tlHWWW_Click(); };
+  tlHPCInfo.Click = [this] { tlHPCInfo_Click(); };
+  // It is seen, and so takes Escape, only while the About panel is open.
+  SetCancelButton(&tlHStorno);
+}
+
+void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme) {
+  if (!mme) return ClearMessage();
+  m_statusBar.SetIcon(2, -1, icon);
+  m_statusBar.SetText(button.ToolTipText(), 2, 0);
+}
+
+// The empty text takes the icon away, too.
+void frmhlavni::ClearMessage() { m_statusBar.SetText(L"", 2, SBT_NOBORDERS); }
+
 void frmhlavni::tlHKonec_Click() { Unload(); }
+
+void frmhlavni::tlHNastaveni_Click() {
+  if (m_settingsWindow && m_settingsWindow->IsOpen()) {
+    m_settingsWindow->Show();
+    return;
+  }
+  // Kept only once it is loaded: a window whose settings could not be read is of no use.
+  auto window = std::make_unique<frmnastaveni>(m_database, m_services.shortcut, this);
+  window->Show();
+  m_settingsWindow = std::move(window);
+}
+
+// These three do their work through the shell; what is left for here is the status bar.
+void frmhlavni::tlHMeil_Click() { ClearMessage(); }
+void frmhlavni::tlHWWW_Click() { ClearMessage(); }
+void frmhlavni::tlHPCInfo_Click() { ClearMessage(); }
+
+void frmhlavni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) {
+  if (KeyCode == VK_F1 && Shift == 0) {
+    KeyCode = 0;
+    tlHNapoveda_Click();
+    return;
+  }
+  if (Shift != forms::kCtrlMask) return;
+  constexpr std::array<std::pair<int, SearchMode>, 3> kModeKeys = {
+      {{'P', kModePostal}, {'M', kModeName}, {'O', kModeDistrict}}};
+  for (const auto& [key, mode] : kModeKeys) {
+    if (KeyCode != key) continue;
+    KeyCode = 0;
+    SelectMode(mode);
+    return;
+  }
+}
+
+void frmhlavni::SelectMode(SearchMode mode) {
+  // Without districts the third mode cannot be chosen, and so not by its key.
+  if (!optMPSC[mode].Visible()) return;
+  // The search panel lies behind the About panel: who wants to search wants to see it.
+  if (fraMPSCO.Visible()) tlHStorno_Click();
+  optMPSC[mode].SetValue(true);
+}
 
 }  // namespace kvez

@@ -1,5 +1,9 @@
 // The main window's controls: their places in twips, captions, tooltips and events.
 
+#include <utility>
+
+#include "mainwindow/about_text.h"
+#include "mainwindow/addresses.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/menu_explanations.h"
@@ -38,10 +42,11 @@ MemoryPropertyBag ButtonProperties(const wchar_t* caption) {
 
 }  // namespace
 
-frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock)
+frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, CommandServices services)
     : Form(forms::BorderStyle::FixedSingle),
       m_database(database),
       m_platform(platform),
+      m_services(std::move(services)),
       m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()) {
   SetIcon(L"APLIKACE");
   SetClientSize(kClientWidth, kClientHeight);
@@ -54,6 +59,7 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock)
   CreateButtons();
   tmrMPSC.Create(*this, kDeferredSearchMilliseconds);
   BindEvents();
+  BindCommands();
 }
 
 void frmhlavni::CreateMessagePanel() {
@@ -73,6 +79,7 @@ void frmhlavni::CreateAboutPanel() {
   }
   CreateAboutButtons();
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
+  Text1.SetText(kAboutText);
 }
 
 void frmhlavni::CreateSearchPanel() {
@@ -171,8 +178,8 @@ void frmhlavni::CreateAboutButtons() {
   constexpr int kPitch = 1485;
   constexpr int kWidth = 1395;
   const std::array<Button, 4> buttons = {{
-      {tlHMeil, kTlHMeil, L"tlHMeil", 2, L"kvez@kvez.example", L"&E-mail", L"Vaše přání nebo připomínky."},
-      {tlHWWW, kTlHWWW, L"tlHWWW", 1, L"www.kvez.example", L"&Internet", L"Stránky programu."},
+      {tlHMeil, kTlHMeil, L"tlHMeil", 2, kMailAddress, L"&E-mail", L"Vaše přání nebo připomínky."},
+      {tlHWWW, kTlHWWW, L"tlHWWW", 1, kWebPage, L"&Internet", L"Stránky programu."},
       {tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"msinfo32", L"&PC-info", L"Systémové informace Vašeho počítače."},
       {tlHStorno, kTlHStorno, L"tlHStorno", 0, L"", L"&Storno", L"Návrat na vyhledávání."},
   }};
@@ -208,7 +215,6 @@ void frmhlavni::BindEvents() {
   tmrMPSC.Elapsed = [this] { tmrMPSC_Timer(); };
   tlHVyhledej.Click = [this] { tlHVyhledej_Click(); };
   tlHObcePSC.Click = [this] { tlHObcePSC_Click(); };
-  tlHKonec.Click = [this] { tlHKonec_Click(); };
 }
 
 }  // namespace kvez

@@ -1,6 +1,7 @@
 // The main window's life: loading, the progress bar, closing.
 
 #include "database/application.h"
+#include "forms/guard.h"
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
@@ -111,12 +112,19 @@ void frmhlavni::Form_Unload(std::int16_t& cancel) {
   lblZpravaI.SetCaption(L"Nashledanou.");
   lblZpravaI.Refresh();
   for (const List list : {kListAll, kListResult}) lstMPSC[list].Clear();
+  m_services.help.CloseAll();
+  if (m_settingsWindow) m_settingsWindow->Unload();
   Hide();
   forms::DoEvents();
   m_database.pscUvolni();
+  // A wish that cannot be read must not keep a window that nobody sees any more.
+  forms::Guarded([this] { clszastupce(m_services.shortcut).zStop(); });
 }
 
-void frmhlavni::Form_Terminate() { m_statusBar.Destroy(); }
+void frmhlavni::Form_Terminate() {
+  m_messageTimer.Stop();
+  m_statusBar.Destroy();
+}
 
 void frmhlavni::Form_Resize() {
   m_statusBar.DpiChanged(Dpi());

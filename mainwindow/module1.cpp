@@ -10,29 +10,21 @@
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/single_instance.h"
+#include "platform/windows/program_path.h"
+#include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_downloader.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_formats.h"
+#include "platform/windows/windows_help_viewer.h"
 #include "platform/windows/windows_lz_library.h"
 #include "platform/windows/windows_message_dialog.h"
 #include "platform/windows/windows_settings_store.h"
+#include "platform/windows/windows_shell.h"
+#include "platform/windows/windows_version_information.h"
 
 namespace kvez {
 namespace {
-
-// The folder of the program's executable, without a trailing separator.
-std::wstring ProgramFolder() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {
-      path.resize(length);
-      break;
-    }
-    path.resize(path.size() * 2);
-  }
-  return path.substr(0, path.find_last_of(L'\\'));
-}
 
 std::wstring TextOfCoreError(std::exception_ptr error) {
   try {
@@ -52,7 +44,7 @@ class Module1 {
         m_database(CorePlatform(), ProgramFolder()) {}
 
   int Run() {
-    m_window = std::make_unique<frmhlavni>(m_database, CorePlatform(), m_clock);
+    m_window = std::make_unique<frmhlavni>(m_database, CorePlatform(), m_clock, Commands());
     m_window->Load();
     forms::RunMessageLoop(*m_window);
     m_window.reset();
@@ -62,12 +54,22 @@ class Module1 {
  private:
   Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats}; }
 
+  CommandServices Commands() {
+    return {m_downloader, m_help, m_version, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
+  }
+
+  // First and so gone last: the objects of others need it.
+  WindowsAutomation m_automation;
   WindowsMessageDialog m_messages;
   WindowsSettingsStore m_settings;
   WindowsLzLibrary m_lz;
   WindowsFiles m_files;
   WindowsFormats m_formats;
   WindowsClock m_clock;
+  WindowsDownloader m_downloader;
+  WindowsHelpViewer m_help{[this] { return m_window ? m_window->Handle() : nullptr; }};
+  WindowsVersionInformation m_version;
+  WindowsShell m_shell;
   clspsc m_database;
   std::unique_ptr<frmhlavni> m_window;
 };

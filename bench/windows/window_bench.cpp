@@ -14,12 +14,17 @@
 
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
+#include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_downloader.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_formats.h"
+#include "platform/windows/windows_help_viewer.h"
 #include "platform/windows/windows_lz_library.h"
 #include "platform/windows/windows_message_dialog.h"
 #include "platform/windows/windows_settings_store.h"
+#include "platform/windows/windows_shell.h"
+#include "platform/windows/windows_version_information.h"
 #include "tests/support/program_driver.h"
 
 namespace {
@@ -111,7 +116,13 @@ void MeasureWindow(const std::wstring& exe) {
   WindowsClock clock;
   const Platform platform{messages, settings, lz, files, formats};
   clspsc database(platform, exe.substr(0, exe.find_last_of(L"\\/")));
-  frmhlavni window(database, platform, clock);
+  WindowsDownloader downloader;
+  WindowsHelpViewer help([] { return HWND{}; });
+  WindowsVersionInformation version;
+  WindowsShell shell;
+  WindowsAutomation automation;
+  frmhlavni window(database, platform, clock,
+                   {downloader, help, version, {settings, shell, automation, std::wstring(), std::wstring()}});
   window.Load();
   forms::DoEvents();
 

@@ -11,6 +11,7 @@
 #include "platform/windows/windows_clock.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
+#include "tests/windows/command_fakes.h"
 
 namespace kvez {
 
@@ -47,7 +48,8 @@ class MainWindowTest : public ::testing::Test {
   }
 
   frmhlavni& Open() {
-    m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock);
+    m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock,
+                                           m_commands.Services(m_machine.settings, m_programFolder));
     m_window->Load();
     forms::DoEvents();
     return *m_window;
@@ -76,6 +78,8 @@ class MainWindowTest : public ::testing::Test {
 
   static inline const std::wstring kFolder = L"C:\\Kvez";
   fakes::Machine m_machine;
+  test::CommandFakes m_commands;
+  std::wstring m_programFolder = kFolder;
   WindowsClock m_clock;
   clspsc m_database{m_machine.Platform(), kFolder};
   std::unique_ptr<frmhlavni> m_window;

@@ -1,0 +1,32 @@
+// The About panel.
+
+#include "database/application.h"
+#include "mainwindow/frmhlavni.h"
+
+namespace kvez {
+
+void frmhlavni::tlHOaplikaci_Click() {
+  for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHOaplikaci, &tlHNastaveni}) button->SetEnabled(false);
+  Label1to3[0].SetCaption(L"Název: " + std::wstring(kApplicationTitle));
+  Label1to3[1].SetCaption(L"Verze: " + m_services.version.ProductVersion());
+  Label1to3[2].SetCaption(m_services.version.ProductName());
+  fraMPSCO.SetVisible(true);
+  Text1.SetFocus();
+}
+
+void frmhlavni::tlHStorno_Click() {
+  tlHAktualizace.SetEnabled(true);
+  tlHVyhledej.SetEnabled(true);
+  // Before the panel goes: else the focus would fall to the light-blue field, which hides the search button.
+  if (txtMPSC[0].Enabled()) {
+    txtMPSC[0].SetFocus();
+  } else {
+    lstMPSC[kListDistricts].SetFocus();
+  }
+  fraMPSCO.SetVisible(false);
+  tlHOaplikaci.SetEnabled(true);
+  tlHNastaveni.SetEnabled(true);
+  ClearMessage();
+}
+
+}  // namespace kvez

@@ -1,0 +1,133 @@
+// What reaches the internet: the update of the database, and the help when it is missing.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "database/application.h"
+#include "mainwindow/addresses.h"
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/scopes.h"
+
+namespace kvez {
+namespace {
+
+constexpr unsigned kMessageMilliseconds = 5000;
+
+struct UpdateFile {
+  const wchar_t* name;
+  const wchar_t* status;
+};
+
+// The municipalities come last: their download decides what becomes of the update.
+constexpr std::array<UpdateFile, 3> kUpdateFiles = {{
+    {L"vd3.kl_", L"Bylo zahájeno stažení aktuálního datového souboru okresy."},
+    {L"vd2.kl_", L"Bylo zahájeno stažení aktuálního datového souboru dodací pošty."},
+    {L"vd1.kl_", L"Bylo zahájeno stažení aktuálního datového souboru PSČ."},
+}};
+
+constexpr const wchar_t* kHelpFile = L"kvez.chm";
+
+// Hidden files, system files and folders do not count.
+bool IsNormalFile(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES &&
+         (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY)) == 0;
+}
+
+}  // namespace
+
+void frmhlavni::tlHAktualizace_Click() {
+  // The system handles messages of its own while it downloads; none of them may start a second update in the first.
+  if (m_downloading) return;
+  std::int32_t result = 0;
+  {
+    const BusyScope downloading(m_downloading);
+    m_statusBar.SetIcon(2, -1, L"STAZENI");
+    for (const UpdateFile& file : kUpdateFiles) {
+      // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
+      result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
+    }
+  }
+  if (result == 0) {
+    TakeOverDownloadedFiles();
+  } else {
+    KeepTheDatabase();
+  }
+}
+
+std::int32_t frmhlavni::DownloadWithStatus(const std::wstring& name, const std::wstring& path,
+                                           std::wstring_view status) {
+  m_statusBar.SetText(status, 2, SBT_POPOUT);
+  // Nothing is painted while the download runs.
+  UpdateWindow(m_statusBar.Handle());
+  return m_services.downloader.Download(kDownloadBase + name, path);
+}
+
+void frmhlavni::TakeOverDownloadedFiles() {
+  m_statusBar.SetText(L"Stažení aktuálního datového souboru bylo úspěšné.", 2, SBT_POPOUT);
+  m_resultList.Clear();
+  m_resultList.SetHorizontalExtent(0);
+  lblMPSCN.SetCaption(L"");
+  picMPSCPI.SetVisible(true);
+  {
+    const HourglassScope hourglass;
+    m_statusBar.SetIcon(2, -1, L"PAMET");
+    lblZpravaI.SetCaption(L"Strpení prosím, uvolňuji paměť.");
+    lblZpravaI.Refresh();
+    m_database.pscUvolniPamet(*this);
+  }
+  NactiDatabazi();
+  RestartSearching();
+}
+
+// What the search panel still showed belonged to records that are gone: it ends as after a fresh start. Only the status
+// bar keeps what the loading has said.
+void frmhlavni::RestartSearching() {
+  lblPSCV[1].SetCaption(L"");
+  m_samePostalCode = false;
+  if (optMPSC[kModeName].Value()) {
+    optMPSC_Click(kModeName);
+  } else {
+    optMPSC[kModeName].SetValue(true);
+  }
+  m_statusBar.SetText(LastUpdateText(), 2, 0);
+}
+
+void frmhlavni::KeepTheDatabase() {
+  m_platform.messages.Show(L"Aktualizace databáze nebyla úspěšná.", MessageIcon::Exclamation, kApplicationTitle);
+  if (m_database.pscCelkem() <= 0) {
+    m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+    return;
+  }
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  m_statusBar.SetText(L"Byla zachována původní databáze.", 2, 0);
+  m_messageTimer.Start(kMessageMilliseconds, [this] { m_statusBar.SetText(L"", 2, SBT_NOBORDERS); });
+}
+
+void frmhlavni::tlHNapoveda_Click() {
+  if (m_downloading) return;
+  const std::wstring path = CestaNapovedy();
+  if (IsNormalFile(path)) {
+    m_services.help.Show(path);
+  } else {
+    if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
+    m_statusBar.SetIcon(2, -1, L"STAZENI");
+    std::int32_t result = 0;
+    {
+      const BusyScope downloading(m_downloading);
+      result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
+    }
+    if (result == 0) {
+      m_services.help.Show(path);
+    } else {
+      m_platform.messages.Show(L"Stažení souboru nápovědy nebylo úspěšné.", MessageIcon::Exclamation,
+                               kApplicationTitle);
+    }
+  }
+  m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+}
+
+std::wstring frmhlavni::CestaNapovedy() const { return m_services.ProgramFolder() + L"\\" + kHelpFile; }
+
+}  // namespace kvez

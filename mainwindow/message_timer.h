@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+namespace kvez {
+
+/// Takes a message of the status bar away some time after it was shown. A process has one at a time.
+class MessageTimer {
+ public:
+  MessageTimer() = default;
+  MessageTimer(const MessageTimer&) = delete;
+  MessageTimer& operator=(const MessageTimer&) = delete;
+  ~MessageTimer() { Stop(); }
+
+  /// Runs `action` once after `milliseconds`, in place of one that still waits. It must not throw.
+  void Start(unsigned milliseconds, std::function<void()> action);
+  void Stop();
+  bool IsRunning() const { return m_timer != 0; }
+
+ private:
+  static void CALLBACK Procedure(HWND window, UINT message, UINT_PTR timer, DWORD time);
+
+  UINT_PTR m_timer = 0;
+  std::function<void()> m_action;
+};
+
+}  // namespace kvez

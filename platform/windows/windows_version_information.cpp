@@ -1,0 +1,55 @@
+#include "platform/windows/windows_version_information.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace kvez {
+namespace {
+
+std::wstring OwnFile() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(2 * path.size());
+  }
+}
+
+struct Translation {
+  WORD language;
+  WORD codePage;
+};
+
+}  // namespace
+
+void WindowsVersionInformation::Read() {
+  m_isRead = true;
+  const std::wstring path = OwnFile();
+  DWORD ignored = 0;
+  m_block.resize(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+  if (!m_block.empty() && !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(m_block.size()), m_block.data())) {
+    m_block.clear();
+  }
+}
+
+std::wstring WindowsVersionInformation::Field(const wchar_t* name) {
+  if (!m_isRead) Read();
+  if (m_block.empty()) return {};
+  void* found = nullptr;
+  UINT size = 0;
+  if (!VerQueryValueW(m_block.data(), L"\\VarFileInfo\\Translation", &found, &size) || size < sizeof(Translation)) {
+    return {};
+  }
+  const auto* translation = static_cast<const Translation*>(found);
+  wchar_t table[32] = {};
+  wsprintfW(table, L"\\StringFileInfo\\%04x%04x\\", translation->language, translation->codePage);
+  if (!VerQueryValueW(m_block.data(), (std::wstring(table) + name).c_str(), &found, &size) || size == 0) return {};
+  // The length counts the closing NUL.
+  return std::wstring(static_cast<const wchar_t*>(found), size - 1);
+}
+
+}  // namespace kvez
