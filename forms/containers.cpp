@@ -61,14 +61,21 @@ float PictureBox::ScaleHeight() const {
 
 void PictureBox::FillRectangle(float left, float top, float right, float bottom) {
   const Filled filled{left, top, right, bottom, ForeColor()};
-  // A growing bar is one rectangle, not one for each step.
+  const RECT pixels = ToPixels(filled);
+  RECT fresh = pixels;
+  // A growing bar is one rectangle, not one for each step, and only what it grows by is drawn.
   std::erase_if(m_filled, [&](const Filled& old) {
-    return old.left >= left && old.top >= top && old.right <= right && old.bottom <= bottom;
+    if (old.left < left || old.top < top || old.right > right || old.bottom > bottom) return false;
+    const RECT drawn = ToPixels(old);
+    if (old.color == filled.color) SubtractRect(&fresh, &fresh, &drawn);
+    return true;
   });
   m_filled.push_back(filled);
-  if (Handle() == nullptr) return;
-  const RECT pixels = ToPixels(filled);
-  InvalidateRect(Handle(), &pixels, FALSE);
+  if (Handle() == nullptr || IsRectEmpty(&fresh)) return;
+  const HDC context = GetDC(Handle());
+  const OwnedBrush brush(CreateSolidBrush(filled.color));
+  FillRect(context, &fresh, brush.Get());
+  ReleaseDC(Handle(), context);
   if (m_isProgressBar) NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 

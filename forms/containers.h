@@ -30,7 +30,7 @@ class PictureBox : public EventControl, public Container {
   float ScaleWidth() const;
   float ScaleHeight() const;
 
-  /// Fills a rectangle (twips) with the foreground colour; Refresh brings it to the screen at once.
+  /// Fills a rectangle (twips) with the foreground colour, at once. What is outdated below it is painted by Refresh.
   void FillRectangle(float left, float top, float right, float bottom);
   /// Empties the box.
   void Cls();

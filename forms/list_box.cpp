@@ -1,8 +1,15 @@
 #include "forms/list_box.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvez::forms {
+namespace {
+
+// Sent by the box to itself when it was emptied and nobody has filled it since.
+constexpr UINT kDrawNow = WM_APP + 1;
+
+}  // namespace
 
 void ListBox::Create(Container& container, int id, const Place& place) {
   CreateNative(L"LISTBOX",
@@ -35,29 +42,42 @@ std::wstring ListBox::List(int index) const {
 }
 
 std::int32_t ListBox::ItemData(int index) const {
-  // The query's error value is a possible number: the range decides instead.
-  if (index < 0 || index >= ListCount()) return 0;
-  return static_cast<std::int32_t>(Native(LB_GETITEMDATA, static_cast<WPARAM>(index)));
+  return index >= 0 && static_cast<std::size_t>(index) < m_data.size() ? m_data[static_cast<std::size_t>(index)] : 0;
 }
 
-void ListBox::Clear() { Native(LB_RESETCONTENT); }
+void ListBox::Clear() {
+  if (m_fillDepth == 0 && !m_drawsLater && !m_data.empty()) {
+    // Mostly a filling follows: the scroll bars would go and come back in front of the user's eyes, which takes longer
+    // than the filling itself.
+    Native(WM_SETREDRAW, FALSE);
+    m_drawsLater = PostMessageW(Handle(), kDrawNow, 0, 0) != FALSE;
+    if (!m_drawsLater) Native(WM_SETREDRAW, TRUE);
+  }
+  m_data.clear();
+  Native(LB_RESETCONTENT);
+}
 
 void ListBox::AddRow(std::wstring_view text, std::int32_t data) {
   m_row.assign(text);
-  const LRESULT row = Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str()));
-  if (row >= 0) Native(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
+  if (Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str())) >= 0) m_data.push_back(data);
 }
 
 void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
-  if (m_fillDepth++ == 0) Native(WM_SETREDRAW, FALSE);
+  if (m_fillDepth++ == 0 && !m_drawsLater) Native(WM_SETREDRAW, FALSE);
+  m_drawsLater = false;
+  m_data.reserve(m_data.size() + rows);
   const std::size_t bytes = (characters + rows) * sizeof(wchar_t);
   Native(LB_INITSTORAGE, rows, static_cast<LPARAM>(bytes));
 }
 
 void ListBox::EndFill() {
   if (m_fillDepth == 0 || --m_fillDepth > 0) return;
+  DrawNow();
+}
+
+void ListBox::DrawNow() {
   Native(WM_SETREDRAW, TRUE);
-  if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+  if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
 }
 
 int ListBox::HorizontalExtent() const { return static_cast<int>(Native(LB_GETHORIZONTALEXTENT)); }
@@ -87,6 +107,10 @@ void ListBox::OnCommand(UINT notification) {
 }
 
 LRESULT ListBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == kDrawNow) {
+    if (std::exchange(m_drawsLater, false)) DrawNow();
+    return 0;
+  }
   constexpr LPARAM kFromKeyboard = -1;
   if (message == WM_CONTEXTMENU && lParam == kFromKeyboard && ContextMenuKey) {
     ContextMenuKey();

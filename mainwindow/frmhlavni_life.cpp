@@ -58,6 +58,7 @@ void frmhlavni::BeginStep(std::wstring_view status, std::wstring_view message) {
 
 void frmhlavni::BeginStep(std::wstring_view message) {
   picZpravaI.Cls();
+  picZpravaI.Refresh();
   lblZpravaI.SetCaption(message);
   lblZpravaI.Refresh();
 }
@@ -94,11 +95,11 @@ void frmhlavni::CentreMessagePanel() {
 
 void frmhlavni::Prubech(float fraction) {
   picZpravaI.FillRectangle(0, 0, picZpravaI.ScaleWidth() * fraction, picZpravaI.ScaleHeight());
-  picZpravaI.Refresh();
 }
 
 void frmhlavni::PrubechPamet(float fraction) {
   picZpravaI.Cls();
+  picZpravaI.Refresh();
   Prubech(fraction);
 }
 

@@ -4,12 +4,10 @@
 
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/whole_file.h"
 
 namespace kvez {
 namespace {
-
-// The files here are of some hundred kilobytes; more than this is not one of them.
-constexpr LONGLONG kLargestFile = 1LL << 30;
 
 HANDLE OpenForAttributes(const std::wstring& path) {
   // A path that the code page cannot hold, or that is too long for the 8-bit call, is still a good path.
@@ -29,13 +27,7 @@ std::optional<std::vector<std::uint8_t>> WindowsFiles::Read(const std::wstring& 
   const OwnedFile file(
       OrNone(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)));
   if (!file) return std::nullopt;
-  LARGE_INTEGER size{};
-  if (!GetFileSizeEx(file.Get(), &size) || size.QuadPart > kLargestFile) return std::nullopt;
-  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size.QuadPart));
-  DWORD read = 0;
-  if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) return std::nullopt;
-  if (read != bytes.size()) return std::nullopt;
-  return bytes;
+  return ReadWholeFile(file.Get());
 }
 
 std::optional<DateTime> WindowsFiles::LastWriteTime(const std::wstring& path) {

@@ -8,7 +8,6 @@
 #include <cstring>
 #include <optional>
 
-#include "platform/portable/portable_lz_library.h"
 #include "platform/portable/szdd.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
@@ -16,8 +15,8 @@
 namespace kvez {
 namespace {
 
-// The portable library's handles are told from the system's by this offset, far above what either hands out.
-constexpr std::int32_t kPortableHandles = 0x40000000;
+// The handles of long paths are told from the system's by this offset, far above what either hands out.
+constexpr std::int32_t kLongPathHandles = 0x40000000;
 
 WORD Style(LzMode mode) {
   switch (mode) {
@@ -48,15 +47,11 @@ std::optional<std::uint32_t> DeclaredSize(const std::wstring& path) {
 
 }  // namespace
 
-WindowsLzLibrary::WindowsLzLibrary() : m_portable(std::make_unique<PortableLzLibrary>()) {}
-
-WindowsLzLibrary::~WindowsLzLibrary() = default;
-
 std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
   auto bytes = ToSystemCodePageExactly(path);
   if (!bytes || bytes->size() >= OFS_MAXPATHNAME) {
-    const std::int32_t handle = m_portable->OpenFile(path, mode);
-    return handle < 0 || mode == LzMode::Delete ? handle : handle + kPortableHandles;
+    const std::int32_t handle = m_longPaths.OpenFile(path, mode);
+    return handle < 0 || mode == LzMode::Delete ? handle : handle + kLongPathHandles;
   }
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
@@ -68,8 +63,8 @@ std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
 std::int32_t WindowsLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   if (source < 0) return LZERROR_BADINHANDLE;
   if (target < 0) return LZERROR_BADOUTHANDLE;
-  if (source >= kPortableHandles && target >= kPortableHandles) {
-    return m_portable->Copy(source - kPortableHandles, target - kPortableHandles);
+  if (source >= kLongPathHandles && target >= kLongPathHandles) {
+    return m_longPaths.Copy(source - kLongPathHandles, target - kLongPathHandles);
   }
   const auto open = m_open.find(source);
   if (open == m_open.end()) return LZERROR_BADINHANDLE;
@@ -82,8 +77,8 @@ std::int32_t WindowsLzLibrary::Copy(std::int32_t source, std::int32_t target) {
 
 void WindowsLzLibrary::Close(std::int32_t handle) {
   if (handle < 0) return;
-  if (handle >= kPortableHandles) {
-    m_portable->Close(handle - kPortableHandles);
+  if (handle >= kLongPathHandles) {
+    m_longPaths.Close(handle - kLongPathHandles);
     return;
   }
   m_open.erase(handle);

@@ -1,25 +1,23 @@
 #pragma once
 
-#include <memory>
+#include <string>
 #include <unordered_map>
 
 #include "platform/lz_library.h"
+#include "platform/windows/long_path_lz_library.h"
 
 namespace kvez {
 
 /// Expansion through the system's LZ library. That library knows paths of fewer than 128 bytes in the 8-bit code page
-/// only; other paths go through the portable expander, with the same results.
+/// only; other paths go past it, with the same results.
 class WindowsLzLibrary : public LzLibrary {
  public:
-  WindowsLzLibrary();
-  ~WindowsLzLibrary() override;
-
   std::int32_t OpenFile(const std::wstring& path, LzMode mode) override;
   std::int32_t Copy(std::int32_t source, std::int32_t target) override;
   void Close(std::int32_t handle) override;
 
  private:
-  std::unique_ptr<LzLibrary> m_portable;
+  LongPathLzLibrary m_longPaths;
   std::unordered_map<std::int32_t, std::wstring> m_open;  // the system's handles and the paths behind them
 };
 

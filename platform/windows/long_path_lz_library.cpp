@@ -1,0 +1,48 @@
+#include "platform/windows/long_path_lz_library.h"
+
+#include <windows.h>
+
+#include <lzexpand.h>
+
+#include <optional>
+#include <vector>
+
+#include "platform/portable/szdd.h"
+#include "platform/windows/whole_file.h"
+
+namespace kvez {
+namespace {
+
+std::int32_t Write(const std::vector<std::uint8_t>& bytes, HANDLE target) {
+  DWORD written = 0;
+  if (!WriteFile(target, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) return LZERROR_WRITE;
+  return written == bytes.size() ? static_cast<std::int32_t>(written) : LZERROR_WRITE;
+}
+
+}  // namespace
+
+std::int32_t LongPathLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
+  if (mode == LzMode::Delete) return DeleteFileW(path.c_str()) ? 0 : LZERROR_BADINHANDLE;
+  const bool create = mode == LzMode::Create;
+  const HANDLE file = CreateFileW(path.c_str(), create ? GENERIC_WRITE : GENERIC_READ, create ? 0 : FILE_SHARE_READ,
+                                  nullptr, create ? CREATE_ALWAYS : OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return create ? LZERROR_BADOUTHANDLE : LZERROR_BADINHANDLE;
+  m_open.emplace(++m_lastHandle, OwnedFile(file));
+  return m_lastHandle;
+}
+
+std::int32_t LongPathLzLibrary::Copy(std::int32_t source, std::int32_t target) {
+  const auto from = m_open.find(source);
+  if (from == m_open.end()) return LZERROR_BADINHANDLE;
+  const auto to = m_open.find(target);
+  if (to == m_open.end()) return LZERROR_BADOUTHANDLE;
+  const auto file = ReadWholeFile(from->second.Get());
+  if (!file) return LZERROR_READ;
+  if (!IsSzdd(*file)) return Write(*file, to->second.Get());
+  const SzddResult expanded = ExpandSzdd(*file);
+  return expanded.Ok() ? Write(expanded.bytes, to->second.Get()) : LZERROR_READ;
+}
+
+void LongPathLzLibrary::Close(std::int32_t handle) { m_open.erase(handle); }
+
+}  // namespace kvez
