@@ -52,7 +52,8 @@ bool PumpUntil(const std::function<bool()>& condition, double seconds) {
 
 void PumpInput() {
   // Input arrives in order: behind a key that nobody else types, everything before has arrived. The key goes to
-  // whoever has the keyboard; when that is no window of this process, the input before it went elsewhere as well.
+  // whoever has the keyboard; while that is no window of this process, there is nothing to wait for.
+  if (GetFocus() == nullptr) return forms::DoEvents();
   const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, &WatchMarker, nullptr, GetCurrentThreadId());
   markerSeen = false;
   INPUT inputs[2] = {KeyInput(kMarkerKey, 0), KeyInput(kMarkerKey, KEYEVENTF_KEYUP)};
