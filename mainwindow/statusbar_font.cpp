@@ -10,7 +10,12 @@ namespace {
 // One leading blank is what the centring gives it.
 constexpr wchar_t kWidestDate[] = L" pondělí, 28.12.2026";
 
-int Width(HFONT font) {
+OwnedFont CreateFontOf(LOGFONTW description, int height) {
+  description.lfHeight = -height;
+  return OwnedFont(CreateFontIndirectW(&description));
+}
+
+int DateWidth(HFONT font) {
   const OwnedMemoryContext context(CreateCompatibleDC(nullptr));
   const ObjectSelection selection(context.Get(), font);
   SIZE size{};
@@ -24,14 +29,17 @@ OwnedFont StatusBarFont(unsigned dpi) {
   const int scale = static_cast<int>(dpi);
   // The date panel's 108 pixels less its borders and the gap before the text.
   const int available = MulDiv(102, scale, 96);
-  const int smallest = MulDiv(9, scale, 96);
-  LOGFONTW description = forms::MessageFont(dpi);
-  OwnedFont font(CreateFontIndirectW(&description));
-  while (Width(font.Get()) > available && -description.lfHeight > smallest) {
-    ++description.lfHeight;
-    font.Reset(CreateFontIndirectW(&description));
-  }
-  return font;
+  const int smallest = MulDiv(8, scale, 72);
+  const LOGFONTW description = forms::MessageFont(dpi);
+  const int height =
+      FittingFontHeight(-static_cast<int>(description.lfHeight), smallest, available,
+                        [&](int candidate) { return DateWidth(CreateFontOf(description, candidate).Get()); });
+  return CreateFontOf(description, height);
+}
+
+int FittingFontHeight(int height, int smallest, int available, const std::function<int(int)>& width) {
+  while (height > smallest && width(height) > available) --height;
+  return height;
 }
 
 }  // namespace kvez

@@ -1,7 +1,6 @@
 #include "mainwindow/statusbar.h"
 
-#include <algorithm>
-
+#include "mainwindow/statusbar_font.h"
 #include "tests/support/handle_count.h"
 #include "tests/windows/statusbar_fixture.h"
 
@@ -62,23 +61,32 @@ TEST_F(StatusBarTest, PanelsScaleWithTheResolution) {
   EXPECT_EQ(RightEdges(), (std::vector<int>{34, 142, -1}));
 }
 
-TEST_F(StatusBarTest, WidestDateFitsItsPanelAtEveryResolution) {
+TEST_F(StatusBarTest, FontScalesAndStaysReadable) {
   bar.Create(window.Handle(), false);
-  for (const unsigned dpi : {96U, 120U, 144U, 192U, 288U}) {
+  const auto fontHeight = [&](unsigned dpi) {
     bar.DpiChanged(dpi);
-    const HDC context = GetDC(bar.Handle());
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(bar.Handle(), WM_GETFONT, 0, 0));
-    const std::wstring date = L" pondělí, 28.12.2026";
-    SIZE size{};
-    {
-      const ObjectSelection selection(context, font);
-      GetTextExtentPoint32W(context, date.c_str(), static_cast<int>(date.size()), &size);
-    }
-    ReleaseDC(bar.Handle(), context);
-    RECT panel{};
-    SendMessageW(bar.Handle(), SB_GETRECT, 1, reinterpret_cast<LPARAM>(&panel));
-    EXPECT_LT(size.cx, panel.right - panel.left) << dpi;
-  }
+    LOGFONTW description{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(bar.Handle(), WM_GETFONT, 0, 0)), sizeof description, &description);
+    return -description.lfHeight;
+  };
+  EXPECT_GE(fontHeight(96), 11);
+  EXPECT_GE(fontHeight(144), 16);
+  EXPECT_GE(fontHeight(192), 21);
+  EXPECT_GT(fontHeight(192), fontHeight(96));
+}
+
+TEST(StatusBarFontTest, ShrinksUntilTheDateFits) {
+  const auto ruler = [](int height) { return height * 9; };
+  EXPECT_EQ(FittingFontHeight(12, 8, 108, ruler), 12);
+  EXPECT_EQ(FittingFontHeight(12, 8, 107, ruler), 11);
+  EXPECT_EQ(FittingFontHeight(12, 8, 81, ruler), 9);
+}
+
+TEST(StatusBarFontTest, StopsAtTheSmallestReadableHeight) {
+  const auto ruler = [](int height) { return height * 9; };
+  EXPECT_EQ(FittingFontHeight(12, 11, 50, ruler), 11);
+  // A user who chose a font below that keeps it.
+  EXPECT_EQ(FittingFontHeight(9, 11, 50, ruler), 9);
 }
 
 TEST_F(StatusBarTest, ClockIsWrittenAtOnce) {
@@ -298,23 +306,19 @@ TEST_F(StatusBarTest, DestroyUndoesTheSubclassing) {
 }
 
 TEST_F(StatusBarTest, DestroyStopsTheClock) {
-  struct CountingClock : Clock {
-    int calls = 0;
-    DateTime Now() override {
-      ++calls;
-      return {2026, 11, 16, 9, 5, 0};
-    }
-  } counting;
-  StatusBar other(formats, counting);
-  other.Create(window.Handle(), false);
-  other.Destroy();
-  EXPECT_EQ(counting.calls, 1);
-  // The clock of the next bar tells that a second has passed.
-  clock.now = {2026, 11, 16, 9, 6, 0};
   bar.Create(window.Handle(), false);
-  clock.now = {2026, 11, 16, 9, 7, 0};
-  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 9:07"; }));
-  EXPECT_EQ(counting.calls, 1);
+  bar.Destroy();
+  // A timer that is started later and takes longer tells that the bar's own would have come by now.
+  const UINT_PTR reference = SetTimer(nullptr, 0, 1500, nullptr);
+  int otherTimers = 0;
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (message.message == WM_TIMER && message.wParam == reference) break;
+    if (message.message == WM_TIMER && message.hwnd == nullptr) ++otherTimers;
+    DispatchMessageW(&message);
+  }
+  KillTimer(nullptr, reference);
+  EXPECT_EQ(otherTimers, 0);
 }
 
 TEST_F(StatusBarTest, DestroyTwiceIsHarmless) {
