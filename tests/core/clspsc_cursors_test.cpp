@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "database/status_text.h"
 #include "tests/core/loaded_database.h"
 
@@ -181,6 +183,8 @@ struct Count {
   const wchar_t* districts;
   const wchar_t* result;
 };
+
+void PrintTo(const Count& counted, std::ostream* out) { *out << counted.count; }
 
 class StatusTexts : public testing::TestWithParam<Count> {};
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace kvez {
 namespace {
 
@@ -9,6 +11,8 @@ struct Case {
   const char* name;
   const char* normalised;
 };
+
+void PrintTo(const Case& tried, std::ostream* out) { *out << testing::PrintToString(tried.name); }
 
 class NameNormalisation : public testing::TestWithParam<Case> {};
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 namespace kvez {
@@ -14,6 +15,8 @@ struct Case {
   const wchar_t* right;
   const wchar_t* description;
 };
+
+void PrintTo(const Case& tried, std::ostream* out) { *out << testing::PrintToString(std::wstring(tried.typed)); }
 
 class NamePatternOf : public testing::TestWithParam<Case> {};
 
