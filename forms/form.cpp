@@ -159,10 +159,19 @@ void Form::SetClientSize(int widthTwips, int heightTwips) {
 
 void Form::ApplyClientSize() {
   if (!IsOpen() || m_clientWidth == 0) return;
-  const RECT client{0, 0, ToPixels(m_clientWidth), ToPixels(m_clientHeight)};
-  const RECT outer = OuterRectangle(client, StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
-  SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const SIZE wanted{ToPixels(m_clientWidth), ToPixels(m_clientHeight)};
+  const RECT guess = OuterRectangle({0, 0, wanted.cx, wanted.cy}, StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
+  SIZE outer{guess.right - guess.left, guess.bottom - guess.top};
+  const auto resize = [this, &outer] {
+    SetWindowPos(Handle(), nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  };
+  resize();
+  // Before Windows 10 the frame does not scale along with the screen: what came out has the last word.
+  const RECT client = ClientOf(Handle());
+  if (client.right == wanted.cx && client.bottom == wanted.cy) return;
+  outer.cx += wanted.cx - client.right;
+  outer.cy += wanted.cy - client.bottom;
+  resize();
 }
 
 int Form::ClientWidth() const { return ToTwips(ClientOf(Handle()).right); }

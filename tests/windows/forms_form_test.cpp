@@ -1,0 +1,433 @@
+// A form's life, its size and scaling, what its controls are told.
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "forms/buttons.h"
+#include "forms/containers.h"
+#include "forms/guard.h"
+#include "forms/label.h"
+#include "forms/list_box.h"
+#include "forms/message_loop.h"
+#include "forms/mouse_pointer.h"
+#include "forms/text_box.h"
+#include "forms/twips.h"
+#include "tests/support/window_test.h"
+
+namespace kvez::forms {
+namespace {
+
+using test::TestForm;
+using Log = std::vector<std::string>;
+
+TEST(Twips, FifteenToThePixelAtNinetySix) {
+  EXPECT_EQ(TwipsToPixels(3105, 96), 207);
+  EXPECT_EQ(TwipsToPixels(3105, 144), 311);  // 310.5
+  EXPECT_EQ(TwipsToPixels(3105, 192), 414);
+  EXPECT_EQ(TwipsToPixels(1215, 288), 243);
+  EXPECT_EQ(PixelsToTwips(207, 96), 3105);
+  EXPECT_EQ(PixelsToTwips(414, 192), 3105);
+}
+
+TEST(FormLife, EventsComeInOrder) {
+  Log log;
+  TestForm form;
+  form.load = [&] { log.emplace_back("load"); };
+  form.queryUnload = [&](std::int16_t&, UnloadMode mode) {
+    log.push_back("query " + std::to_string(static_cast<int>(mode)));
+  };
+  form.unload = [&](std::int16_t&) { log.emplace_back(form.IsOpen() ? "unload" : "unload, window gone"); };
+  form.terminate = [&] { log.emplace_back(form.IsOpen() ? "terminate, window there" : "terminate"); };
+  ASSERT_TRUE(test::ShowActive(form));
+  form.Load();
+  EXPECT_EQ(log, Log{"load"});
+  EXPECT_TRUE(form.Unload());
+  EXPECT_EQ(log, (Log{"load", "query 1", "unload", "terminate"}));
+  EXPECT_FALSE(form.IsOpen());
+  EXPECT_TRUE(form.Unload());
+  EXPECT_EQ(log.size(), 4U);
+}
+
+TEST(FormLife, EitherQuestionKeepsTheWindow) {
+  TestForm form;
+  bool unloadAsked = false;
+  form.queryUnload = [](std::int16_t& cancel, UnloadMode) { cancel = 1; };
+  form.unload = [&](std::int16_t&) { unloadAsked = true; };
+  EXPECT_FALSE(form.Unload());
+  EXPECT_FALSE(unloadAsked);
+  form.queryUnload = nullptr;
+  form.unload = [](std::int16_t& cancel) { cancel = -1; };
+  EXPECT_FALSE(form.Unload());
+  EXPECT_TRUE(form.IsOpen());
+}
+
+TEST(FormLife, CloseBoxAsksAsTheUser) {
+  TestForm form;
+  std::optional<UnloadMode> asked;
+  form.queryUnload = [&](std::int16_t&, UnloadMode mode) { asked = mode; };
+  PostMessageW(form.Handle(), WM_CLOSE, 0, 0);
+  RunMessageLoop(form);
+  EXPECT_EQ(asked, UnloadMode::User);
+  EXPECT_FALSE(form.IsOpen());
+}
+
+TEST(FormLife, SecondRequestWhileTheFirstOneAsksIsRefused) {
+  TestForm form;
+  int asked = 0;
+  form.unload = [&](std::int16_t&) {
+    ++asked;
+    EXPECT_FALSE(form.Unload());
+  };
+  EXPECT_TRUE(form.Unload());
+  EXPECT_EQ(asked, 1);
+}
+
+TEST(FormLife, EndOfTheSessionMayBeRefused) {
+  TestForm form;
+  form.queryUnload = [](std::int16_t& cancel, UnloadMode mode) { cancel = mode == UnloadMode::SessionEnd ? 1 : 0; };
+  EXPECT_EQ(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
+  form.queryUnload = nullptr;
+  EXPECT_EQ(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  bool unloaded = false;
+  form.unload = [&](std::int16_t&) { unloaded = true; };
+  SendMessageW(form.Handle(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_FALSE(unloaded);
+  SendMessageW(form.Handle(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_TRUE(unloaded);
+  EXPECT_FALSE(form.IsOpen());
+}
+
+TEST(FormLife, ControlsOfAnUnloadedFormAreEmptyShells) {
+  TestForm form;
+  TextBox text;
+  ListBox list;
+  OptionButton option;
+  CheckBox check;
+  Label label;
+  PictureBox picture;
+  text.Create(form, 1, {0, 0, 1500, 285});
+  list.Create(form, 2, {0, 300, 1500, 900});
+  option.Create(form, 3, {0, 1200, 1500, 285}, L"a");
+  check.Create(form, 4, {0, 1500, 1500, 285}, L"b");
+  label.Create(form, 5, {0, 1800, 1500, 285}, L"c");
+  picture.Create(form, 6, {0, 2100, 1500, 285});
+  list.AddRow(L"x", 7);
+  form.Unload();
+  text.SetText(L"x");
+  EXPECT_EQ(text.Text(), L"");
+  list.AddRow(L"x", 1);
+  list.SetListIndex(0);
+  list.BeginFill(1, 1);
+  list.EndFill();
+  EXPECT_EQ(list.ListCount(), 0);
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.List(0), L"");
+  option.SetValue(true);
+  EXPECT_FALSE(option.Value());
+  check.SetValue(1);
+  EXPECT_EQ(check.Value(), 0);
+  label.SetCaption(L"d");
+  EXPECT_EQ(label.Caption(), L"");
+  picture.FillRectangle(0, 0, 10, 10);
+  picture.Cls();
+  for (Control* control : form.Controls()) {
+    control->SetVisible(false);
+    control->SetEnabled(false);
+    control->SetFocus();
+    control->SetToolTipText(L"t");
+    control->BringToFront();
+    control->Refresh();
+    control->Move({0, 0, 15, 15});
+    EXPECT_FALSE(control->IsReachable());
+  }
+  form.SetCaption(L"x");
+  EXPECT_EQ(form.Caption(), L"");
+}
+
+TEST(FormSize, ClientSizeIsExactAtEveryScaling) {
+  TestForm form;
+  form.SetClientSize(6300, 4500);
+  for (const auto& [dpi, width, height] :
+       {std::tuple{96U, 420, 300}, std::tuple{144U, 630, 450}, std::tuple{192U, 840, 600}, std::tuple{96U, 420, 300}}) {
+    form.ChangeDpi(dpi);
+    RECT client{};
+    GetClientRect(form.Handle(), &client);
+    EXPECT_EQ(client.right, width) << dpi;
+    EXPECT_EQ(client.bottom, height) << dpi;
+    EXPECT_EQ(form.ClientWidth(), 6300) << dpi;
+    EXPECT_EQ(form.ClientHeight(), 4500) << dpi;
+  }
+}
+
+RECT PlaceOf(const Control& control) {
+  RECT place{};
+  GetWindowRect(control.Handle(), &place);
+  MapWindowPoints(nullptr, GetParent(control.Handle()), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+TEST(FormSize, ControlsKeepTheirTwips) {
+  TestForm form;
+  Frame frame;
+  TextBox text;
+  TextBox inner;
+  frame.Create(form, 1, {300, 600, 3000, 1500});
+  inner.Create(frame, 2, {150, 300, 1500, 285});
+  text.Create(form, 3, {30, 30, 3105, 285});
+  for (const unsigned dpi : {96U, 144U, 192U, 288U, 120U}) {
+    form.ChangeDpi(dpi);
+    const RECT place = PlaceOf(text);
+    EXPECT_EQ(place.left, TwipsToPixels(30, dpi)) << dpi;
+    EXPECT_EQ(place.right - place.left, TwipsToPixels(3105, dpi)) << dpi;
+    EXPECT_EQ(place.bottom - place.top, TwipsToPixels(285, dpi)) << dpi;
+    EXPECT_EQ(PlaceOf(inner).left, TwipsToPixels(150, dpi)) << dpi;
+    EXPECT_EQ(PlaceOf(inner).top, TwipsToPixels(300, dpi)) << dpi;
+    EXPECT_EQ(text.GetPlace(), (Place{30, 30, 3105, 285}));
+  }
+  form.ChangeDpi(96);
+  text.Move({45, 60, 1500, 300});
+  const RECT moved = PlaceOf(text);
+  EXPECT_EQ(moved.left, 3);
+  EXPECT_EQ(moved.top, 4);
+  EXPECT_EQ(moved.right, 103);
+  EXPECT_EQ(moved.bottom, 24);
+}
+
+LONG FontHeight(const Control& control) {
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(control.Handle(), WM_GETFONT, 0, 0)), sizeof(font), &font);
+  return font.lfHeight;
+}
+
+TEST(FormSize, FontsScaleWithTheForm) {
+  TestForm form;
+  Label plain;
+  Label large;
+  plain.Create(form, 1, {0, 0, 1500, 285}, L"a");
+  large.Create(form, 2, {0, 300, 1500, 285}, L"b");
+  large.SetFontStyle({true, 200});
+  const LONG height = FontHeight(plain);
+  EXPECT_LT(height, 0);
+  EXPECT_EQ(FontHeight(large), 2 * height);
+  form.ChangeDpi(192);
+  EXPECT_EQ(FontHeight(plain), 2 * height);
+  EXPECT_EQ(FontHeight(large), 4 * height);
+  large.SetFontStyle({});
+  EXPECT_EQ(FontHeight(large), 2 * height);
+}
+
+TEST(FormSize, ResizeIsToldOfScalingAndSize) {
+  TestForm form(BorderStyle::Sizable);
+  int resizes = 0;
+  form.resize = [&] { ++resizes; };
+  form.SetClientSize(3000, 3000);
+  EXPECT_EQ(resizes, 0);  // not before it is loaded
+  form.Load();
+  form.SetClientSize(4500, 3000);
+  EXPECT_EQ(resizes, 1);
+  form.ChangeDpi(144);
+  EXPECT_GT(resizes, 1);
+}
+
+TEST(FormSize, CentersOnScreenAndOwner) {
+  TestForm owner;
+  TestForm child(BorderStyle::FixedDialog, &owner);
+  child.SetClientSize(1500, 900);
+  owner.CenterOnScreen();
+  child.CenterOnOwner();
+  RECT outer{};
+  RECT inner{};
+  GetWindowRect(owner.Handle(), &outer);
+  GetWindowRect(child.Handle(), &inner);
+  EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
+  EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
+}
+
+TEST(ScreenPointer, HourglassHoldsOverAllWindows) {
+  TestForm form;
+  TextBox text;
+  text.Create(form, 1, {0, 0, 1500, 285});
+  Screen::SetMousePointer(kPointerHourglass);
+  for (const HWND window : {form.Handle(), text.Handle()}) {
+    SetCursor(nullptr);
+    SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+  }
+  Screen::SetMousePointer(kPointerDefault);
+  SendMessageW(text.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(text.Handle()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_IBEAM));
+}
+
+TEST(FormTimer, TicksUntilItIsStopped) {
+  TestForm form;
+  Timer timer;
+  int ticks = 0;
+  timer.Create(form, 10);
+  timer.Elapsed = [&] {
+    if (++ticks == 3) timer.SetEnabled(false);
+  };
+  test::PumpUntil([&] { return ticks > 0; }, 0.1);
+  EXPECT_EQ(ticks, 0);
+  timer.SetEnabled(true);
+  EXPECT_TRUE(test::PumpUntil([&] { return ticks == 3; }));
+  EXPECT_FALSE(test::PumpUntil([&] { return ticks > 3; }, 0.1));
+}
+
+TEST(FormTimer, EnablingAgainStartsTheIntervalAnew) {
+  TestForm form;
+  Timer timer;
+  int ticks = 0;
+  timer.Create(form, 200);
+  timer.Elapsed = [&] {
+    ++ticks;
+    timer.SetEnabled(false);
+  };
+  const ULONGLONG start = GetTickCount64();
+  timer.SetEnabled(true);
+  test::PumpUntil([] { return false; }, 0.12);
+  timer.SetEnabled(true);
+  EXPECT_TRUE(test::PumpUntil([&] { return ticks == 1; }));
+  EXPECT_GE(GetTickCount64() - start, 300U);
+}
+
+TEST(FormTimer, NothingTicksAfterUnload) {
+  TestForm form;
+  Timer timer;
+  int ticks = 0;
+  timer.Create(form, 10, true);
+  timer.Elapsed = [&] { ++ticks; };
+  form.Unload();
+  EXPECT_FALSE(test::PumpUntil([&] { return ticks > 0; }, 0.1));
+}
+
+TEST(MessageLoop, ReturnsWhenItsFormIsUnloaded) {
+  TestForm form;
+  TestForm other;
+  Timer timer;
+  timer.Create(form, 10, true);
+  timer.Elapsed = [&] { form.Unload(); };
+  RunMessageLoop(form);
+  EXPECT_FALSE(form.IsOpen());
+  EXPECT_TRUE(other.IsOpen());
+}
+
+TEST(MessageLoop, DoEventsLeavesTheEndToTheLoopAround) {
+  TestForm form;
+  PostQuitMessage(3);
+  DoEvents();
+  MSG message{};
+  EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  EXPECT_EQ(message.wParam, 3U);
+}
+
+class GuardTest : public ::testing::Test {
+ protected:
+  GuardTest() {
+    SetGuard({L"Kvez", {}, [this](const std::wstring& text, const std::wstring& title) {
+                shown.push_back(title + L": " + text);
+              }});
+  }
+  ~GuardTest() override { SetGuard({}); }
+
+  std::vector<std::wstring> shown;
+};
+
+TEST_F(GuardTest, ErrorInAnEventIsShownAndTheProgramGoesOn) {
+  TestForm form;
+  TextBox text;
+  text.Create(form, 1, {0, 0, 1500, 285});
+  text.Change = [] { throw Error(L"Text není číslo."); };
+  text.SetText(L"a");
+  text.SetText(L"b");
+  EXPECT_EQ(text.Text(), L"b");
+  EXPECT_EQ(shown, (std::vector<std::wstring>{L"Kvez: Text není číslo.", L"Kvez: Text není číslo."}));
+}
+
+TEST_F(GuardTest, ErrorWhileUnloadingKeepsTheWindow) {
+  TestForm form;
+  form.unload = [](std::int16_t&) { throw OverflowError(); };
+  EXPECT_FALSE(form.Unload());
+  EXPECT_TRUE(form.IsOpen());
+  EXPECT_EQ(shown, std::vector<std::wstring>{L"Kvez: Číslo je mimo povolený rozsah."});
+  form.unload = nullptr;
+  EXPECT_TRUE(form.Unload());
+}
+
+TEST_F(GuardTest, UnknownTypesAreTranslatedByTheProgram) {
+  struct Foreign {};
+  SetGuard({L"Kvez",
+            [](std::exception_ptr error) -> std::wstring {
+              try {
+                std::rethrow_exception(error);
+              } catch (const Foreign&) {
+                return L"Cizí chyba.";
+              } catch (...) {
+                return {};
+              }
+            },
+            [this](const std::wstring& text, const std::wstring&) { shown.push_back(text); }});
+  EXPECT_FALSE(Guarded([] { throw Foreign(); }));
+  EXPECT_FALSE(Guarded([] { throw std::bad_alloc(); }));
+  EXPECT_FALSE(Guarded([] { throw std::runtime_error("ž"); }));
+  EXPECT_FALSE(Guarded([] { throw 1; }));
+  EXPECT_TRUE(Guarded([] {}));
+  EXPECT_EQ(shown, (std::vector<std::wstring>{L"Cizí chyba.", L"Nedostatek paměti.", L"ž", L"Neznámá chyba."}));
+}
+
+TEST_F(GuardTest, ErrorWhileAnErrorIsShownIsDropped) {
+  int boxes = 0;
+  SetGuard({L"Kvez", {}, [&](const std::wstring&, const std::wstring&) {
+              ++boxes;
+              Guarded([] { throw Error(L"druhá"); });
+            }});
+  Guarded([] { throw Error(L"první"); });
+  EXPECT_EQ(boxes, 1);
+}
+
+/// Throws whenever it has to paint.
+class Unpaintable : public PictureBox {
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message == WM_PAINT) throw Error(L"Nelze kreslit.");
+    return PictureBox::OnMessage(message, wParam, lParam);
+  }
+};
+
+TEST_F(GuardTest, WindowThatCannotPaintDoesNotAskForEver) {
+  TestForm form;
+  Unpaintable picture;
+  picture.Create(form, 1, {0, 0, 1500, 1500});
+  ASSERT_TRUE(test::ShowActive(form));
+  EXPECT_FALSE(GetUpdateRect(picture.Handle(), nullptr, FALSE));
+  EXPECT_GE(shown.size(), 1U);
+  EXPECT_LT(shown.size(), 5U);
+}
+
+TEST(GuardBox, IsAMessageBoxWithTheTitle) {
+  SetGuard({L"Kvez", {}, {}});
+  TestForm form;
+  ASSERT_TRUE(test::ShowActive(form));
+  Timer timer;
+  std::wstring caption;
+  std::wstring text;
+  timer.Create(form, 20, true);
+  timer.Elapsed = [&] {
+    const HWND box = FindWindowW(L"#32770", L"Kvez");
+    if (box == nullptr) return;
+    wchar_t buffer[100]{};
+    GetDlgItemTextW(box, 65535, buffer, 100);
+    text = buffer;
+    GetWindowTextW(box, buffer, 100);
+    caption = buffer;
+    timer.SetEnabled(false);
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+  };
+  Guarded([] { throw Error(L"Něco se nepovedlo."); });
+  EXPECT_EQ(caption, L"Kvez");
+  EXPECT_EQ(text, L"Něco se nepovedlo.");
+  SetGuard({});
+}
+
+}  // namespace
+}  // namespace kvez::forms
