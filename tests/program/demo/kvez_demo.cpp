@@ -2,6 +2,9 @@
 //
 //   kvez_demo search EXE TEXT   starts the program, searches by name, prints the count sentence, leaves it running
 //   kvez_demo close             ends the running program through its exit question
+//   kvez_demo stage EXE STAGE   starts the program, brings it to a stage (stages.h), prints the place of its window on
+//                               the screen as WxH+X+Y, leaves it there
+//   kvez_demo kill              ends the running program at once, in whatever stage it is
 //
 // Exit status 0, or 1 with what went wrong on the error output.
 
@@ -10,6 +13,7 @@
 #include <vector>
 
 #include "mainwindow/control_ids.h"
+#include "tests/program/demo/stages.h"
 #include "tests/support/program_driver.h"
 
 namespace {
@@ -59,11 +63,29 @@ int Close() {
   return 0;
 }
 
+int Stage(const std::wstring& exe, const std::wstring& stage) {
+  Program program(exe);
+  if (!ReachStage(program, stage)) return Fail(&program, L"The program did not get to the stage " + stage);
+  program.Release();
+  RECT bounds{};
+  GetWindowRect(program.MainWindow(), &bounds);
+  std::printf("%ldx%ld+%ld+%ld\n", bounds.right - bounds.left, bounds.bottom - bounds.top, bounds.left, bounds.top);
+  return 0;
+}
+
+int Kill() {
+  auto program = Program::Running();
+  if (program) program->Kill();
+  return 0;
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
   const std::vector<std::wstring> words(arguments + 1, arguments + count);
   if (words.size() == 3 && words[0] == L"search") return Search(words[1], words[2]);
   if (words.size() == 1 && words[0] == L"close") return Close();
-  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | kvez_demo close");
+  if (words.size() == 3 && words[0] == L"stage") return Stage(words[1], words[2]);
+  if (words.size() == 1 && words[0] == L"kill") return Kill();
+  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | close | stage EXE STAGE | kill");
 }

@@ -1,0 +1,95 @@
+#include "tests/program/demo/stages.h"
+
+#include "mainwindow/control_ids.h"
+
+namespace kvez::test {
+namespace {
+
+constexpr int kPostal = kOptMPSC;
+constexpr int kDistrict = kOptMPSC + 2;
+constexpr int kResult = kLstMPSC + 1;
+constexpr int kDistricts = kLstMPSC + 2;
+
+bool HasResult(const Program& program) {
+  return WaitUntil([&] { return program.ListCount(kResult) > 0; });
+}
+
+bool SearchFor(const Program& program, const std::wstring& text) {
+  program.Focus(kTxtMPSC);
+  TypeText(text);
+  if (!WaitUntil([&] { return program.Text(kTxtMPSC) == text; })) return false;
+  PressKey(VK_RETURN);
+  return HasResult(program);
+}
+
+// Clicks a row that is in view, counted from 0.
+bool ClickRow(const Program& program, int list, int row) {
+  RECT bounds{};
+  GetWindowRect(program.Control(list), &bounds);
+  const auto height = static_cast<int>(SendMessageW(program.Control(list), LB_GETITEMHEIGHT, 0, 0));
+  ClickAt({bounds.left + 40, bounds.top + 2 + row * height + height / 2});
+  return WaitUntil([&] { return program.ListIndex(list) == row; });
+}
+
+bool StopWhileLoading(const Program& program) {
+  const bool loading = WaitUntil([&] {
+    return program.MainWindow() != nullptr && program.IsShown(kPicMPSCPI) &&
+           program.Text(kLblZpravaI) == L"Strpení prosím, vytvářím seznam obcí.";
+  });
+  if (!loading) return false;
+  const HANDLE thread =
+      OpenThread(THREAD_SUSPEND_RESUME, FALSE, GetWindowThreadProcessId(program.MainWindow(), nullptr));
+  if (thread == nullptr) return false;
+  SuspendThread(thread);
+  CloseHandle(thread);
+  return true;
+}
+
+bool WithoutData(const Program& program) {
+  for (int message = 0; message < 3; ++message) {
+    if (!program.Answer(program.WaitDialog(), IDOK)) return false;
+  }
+  return program.WaitReady();
+}
+
+bool ShowMenu(const Program& program) {
+  if (!SearchFor(program, L"Praha*") || !ClickRow(program, kResult, 3)) return false;
+  program.Click(kResult, true);
+  return WaitUntil([] {
+    const HWND menu = FindWindowW(L"#32768", nullptr);
+    return menu != nullptr && IsWindowVisible(menu);
+  });
+}
+
+}  // namespace
+
+bool ReachStage(Program& program, const std::wstring& stage) {
+  if (stage == L"loading") return StopWhileLoading(program);
+  if (stage == L"chybi") return WithoutData(program);
+  if (!program.WaitReady()) return false;
+  SetForegroundWindow(program.MainWindow());
+  if (stage == L"start") return true;
+  if (stage == L"nazev") return SearchFor(program, L"Lednic*") && ClickRow(program, kResult, 0);
+  if (stage == L"psc") {
+    program.Click(kPostal);
+    return WaitUntil([&] { return program.IsChecked(kPostal); }) && SearchFor(program, L"692 01") &&
+           ClickRow(program, kResult, 1);
+  }
+  if (stage == L"okres") {
+    program.Click(kDistrict);
+    if (!WaitUntil([&] { return program.IsShown(kDistricts); }) || !ClickRow(program, kDistricts, 4)) return false;
+    program.Click(kTlHVyhledej);
+    return HasResult(program);
+  }
+  if (stage == L"oaplikaci") {
+    program.Click(kTlHOaplikaci);
+    return WaitUntil([&] { return program.IsShown(kFraMPSCO); });
+  }
+  if (stage == L"nastaveni") {
+    program.Click(kTlHNastaveni);
+    return WaitUntil([] { return FindWindowW(nullptr, L"Kvez - nastavení") != nullptr; });
+  }
+  return stage == L"nabidka" && ShowMenu(program);
+}
+
+}  // namespace kvez::test
