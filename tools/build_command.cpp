@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/data_file_bytes.h"
@@ -37,8 +38,8 @@ void PrintLooseEnds(const Tables& tables, std::ostream& out) {
 }  // namespace
 
 void BuildCommand(const Arguments& arguments, std::ostream& out) {
-  const Tables tables = ReadTables(arguments[0]);
-  const std::filesystem::path folder(arguments[1]);
+  const Tables tables = ReadTables(PathFromText(arguments[0]));
+  const std::filesystem::path folder = PathFromText(arguments[1]);
   const std::vector<NewFile> files = {Compressed(folder / "vd1.kl_", MunicipalityBytes(tables.municipalities)),
                                       Compressed(folder / "vd2.kl_", PostOfficeBytes(tables.postOffices)),
                                       Compressed(folder / "vd3.kl_", DistrictBytes(tables.districts))};

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "database/field_reader.h"
+#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/files.h"
@@ -16,7 +17,7 @@ namespace {
 enum class Field { Code32, Code16, Name, District };
 
 struct Layout {
-  const wchar_t* file;
+  const char* file;
   const char* records;
   std::span<const Field> fields;
 };
@@ -24,9 +25,9 @@ struct Layout {
 constexpr std::array kMunicipalityFields = {Field::Code32, Field::Name, Field::District};
 constexpr std::array kPostOfficeFields = {Field::Code32, Field::Name};
 constexpr std::array kDistrictFields = {Field::Code16, Field::Name};
-constexpr std::array<Layout, 3> kLayouts = {{{L"vd1.kl_", "municipalities", kMunicipalityFields},
-                                             {L"vd2.kl_", "post offices", kPostOfficeFields},
-                                             {L"vd3.kl_", "districts", kDistrictFields}}};
+constexpr std::array<Layout, 3> kLayouts = {{{"vd1.kl_", "municipalities", kMunicipalityFields},
+                                             {"vd2.kl_", "post offices", kPostOfficeFields},
+                                             {"vd3.kl_", "districts", kDistrictFields}}};
 
 struct Record {
   std::int32_t code = 0;
@@ -112,7 +113,7 @@ void CheckCommand(const Arguments& arguments, std::ostream& out) {
   std::string damage;
   for (std::size_t i = 0; i < kLayouts.size(); ++i) {
     try {
-      lists[i] = RecordReader(arguments[0], kLayouts[i]).Read();
+      lists[i] = RecordReader(PathFromText(arguments[0]), kLayouts[i]).Read();
       out << kLayouts[i].records << ": " << lists[i].size() << '\n';
     } catch (const ToolError& error) {
       damage.append(damage.empty() ? "" : "\n").append(error.what());

@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <fstream>
 
+#include "platform/portable/portable_path.h"
+#include "platform/portable/utf8.h"
 #include "tools/tool.h"
-#include "tools/utf8.h"
 
 namespace kvez {
 namespace {
 
 std::filesystem::path TemporaryPath(const std::filesystem::path& path) {
   std::filesystem::path temporary = path;
-  temporary += L".new";
+  temporary += ".new";
   return temporary;
 }
 
@@ -39,7 +40,7 @@ void WriteWholeFile(const std::filesystem::path& path, const Bytes& bytes) {
 
 }  // namespace
 
-std::string Shown(const std::filesystem::path& path) { return ToUtf8(path.wstring()); }
+std::string Shown(const std::filesystem::path& path) { return ToUtf8(TextFromPath(path)); }
 
 Bytes ReadWholeFile(const std::filesystem::path& path) {
   const ToolError unreadable(Shown(path) + " cannot be read");

@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 
+#include "platform/portable/portable_path.h"
 #include "tools/commands.h"
 #include "tools/official_list.h"
 #include "tools/tables.h"
@@ -83,8 +84,8 @@ class Importer {
 }  // namespace
 
 void ImportCommand(const Arguments& arguments, std::ostream& out) {
-  const std::filesystem::path listPath(arguments[0]);
-  const std::filesystem::path folder(arguments[1]);
+  const std::filesystem::path listPath = PathFromText(arguments[0]);
+  const std::filesystem::path folder = PathFromText(arguments[1]);
   const std::vector<OfficialRow> list = ReadOfficialList(ReadWholeFile(listPath), Shown(listPath));
   Importer importer(list);
   importer.Run();

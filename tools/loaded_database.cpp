@@ -1,7 +1,8 @@
 #include "tools/loaded_database.h"
 
+#include "platform/portable/portable_path.h"
+#include "platform/portable/utf8.h"
 #include "tools/tool.h"
-#include "tools/utf8.h"
 
 namespace kvez {
 
@@ -22,7 +23,7 @@ void CollectedMessages::ThrowIfAny() const {
 
 LoadedDatabase::LoadedDatabase(const std::filesystem::path& folder)
     : m_database(Platform{m_messages, m_settings, m_lz, m_files, m_formats},
-                 std::filesystem::absolute(folder).wstring()) {
+                 TextFromPath(std::filesystem::absolute(folder))) {
   m_database.pscNacti(m_progress);
   m_database.pscpNacti(m_progress);
   m_database.pscoNacti(m_progress);

@@ -2,8 +2,8 @@
 
 #include <iostream>
 
+#include "platform/portable/utf8.h"
 #include "tools/tool.h"
-#include "tools/utf8.h"
 
 #ifdef _WIN32
 #include <fcntl.h>

@@ -1,11 +1,12 @@
 // kvezdata list and search: what the program itself would load and find.
 
 #include "database/fold.h"
+#include "platform/portable/portable_path.h"
+#include "platform/portable/utf8.h"
 #include "tools/commands.h"
 #include "tools/loaded_database.h"
 #include "tools/tables.h"
 #include "tools/tool.h"
-#include "tools/utf8.h"
 
 namespace kvez {
 namespace {
@@ -78,7 +79,7 @@ void ListCommand(const Arguments& arguments, std::ostream& out) {
   if (print == nullptr) {
     throw ToolError("there is no list " + InApostrophes(arguments[1]) + ", only municipalities, offices and districts");
   }
-  LoadedDatabase loaded(arguments[0]);
+  LoadedDatabase loaded(PathFromText(arguments[0]));
   print(loaded.Database(), out);
 }
 
@@ -90,7 +91,7 @@ void SearchCommand(const Arguments& arguments, std::ostream& out) {
   if (arguments.size() == 4 && (kind != L"psc" || arguments[3] != L"--exact")) {
     throw ToolError(InApostrophes(arguments[3]) + " is not understood; only search DIR psc TEXT takes --exact");
   }
-  LoadedDatabase loaded(arguments[0]);
+  LoadedDatabase loaded(PathFromText(arguments[0]));
   clspsc& database = loaded.Database();
   const std::wstring description = Search(database, arguments);
   loaded.Messages().ThrowIfAny();

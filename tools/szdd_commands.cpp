@@ -1,5 +1,6 @@
 // kvezdata expand and compress: the SZDD form by itself.
 
+#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/files.h"
@@ -8,25 +9,25 @@
 namespace kvez {
 
 void ExpandCommand(const Arguments& arguments, std::ostream&) {
-  const std::filesystem::path path(arguments[0]);
+  const std::filesystem::path path = PathFromText(arguments[0]);
   Bytes file = ReadWholeFile(path);
   // What is not compressed is passed through, as the platform's library does.
   if (!IsSzdd(file)) {
-    ReplaceFiles({{arguments[1], std::move(file), {}}});
+    ReplaceFiles({{PathFromText(arguments[1]), std::move(file), {}}});
     return;
   }
   SzddResult result = ExpandSzdd(file);
   if (!result.Ok()) throw ToolError(Shown(path) + ": offset " + std::to_string(result.offset) + ": " + result.error);
-  ReplaceFiles({{arguments[1], std::move(result.bytes), {}}});
+  ReplaceFiles({{PathFromText(arguments[1]), std::move(result.bytes), {}}});
 }
 
 void CompressCommand(const Arguments& arguments, std::ostream&) {
-  const std::filesystem::path path(arguments[0]);
-  const std::wstring name = path.filename().wstring();
+  const std::filesystem::path path = PathFromText(arguments[0]);
+  const std::wstring name = TextFromPath(path.filename());
   // The header has room for one byte of the name; a letter outside ASCII would depend on somebody's code page.
   const bool ascii = !name.empty() && name.back() > L' ' && name.back() < 0x7F;
   const Bytes plain = ReadWholeFile(path);
-  ReplaceFiles({{arguments[1], CompressSzdd(plain, ascii ? static_cast<char>(name.back()) : '\0'), {}}});
+  ReplaceFiles({{PathFromText(arguments[1]), CompressSzdd(plain, ascii ? static_cast<char>(name.back()) : '\0'), {}}});
 }
 
 }  // namespace kvez

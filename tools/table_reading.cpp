@@ -4,10 +4,10 @@
 #include <map>
 
 #include "database/windows1250.h"
+#include "platform/portable/utf8.h"
 #include "tools/lines.h"
 #include "tools/tables.h"
 #include "tools/tool.h"
-#include "tools/utf8.h"
 
 namespace kvez {
 namespace {

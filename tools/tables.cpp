@@ -4,7 +4,7 @@
 #include <charconv>
 #include <tuple>
 
-#include "tools/utf8.h"
+#include "platform/portable/utf8.h"
 
 namespace kvez {
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "database/conversion_error.h"
+#include "platform/portable/utf8.h"
 #include "tools/commands.h"
-#include "tools/utf8.h"
 
 namespace kvez {
 namespace {
@@ -54,6 +54,8 @@ void Run(const std::vector<std::wstring>& arguments, std::ostream& out) {
 }
 
 }  // namespace
+
+std::string InApostrophes(std::wstring_view text) { return ToUtf8(L"'" + std::wstring(text) + L"'"); }
 
 int RunTool(const std::vector<std::wstring>& arguments, std::ostream& out, std::ostream& error) {
   std::string message;

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvez {
@@ -12,6 +13,9 @@ class ToolError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// UTF-8 of a text between apostrophes, for messages.
+std::string InApostrophes(std::wstring_view text);
 
 /// Runs the data tool. `arguments` are those behind the program's name. Results go to `out` and messages to `error`,
 /// both UTF-8; the result is the exit status, 0 or 1.

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <ostream>
 #include <random>
 #include <string_view>
 
@@ -76,6 +80,162 @@ TEST(Szdd, RoundTripOfLongData) {
   for (const unsigned letters : {1U, 2U, 3U, 16U, 256U}) ExpectRoundTrip(RandomBytes(100'000, letters, letters));
   ExpectRoundTrip(Bytes(50'000, ' '));
 }
+
+// Text much like the real data: literals, matches, overlaps, blanks.
+Bytes Sample() {
+  Bytes plain = FromText("   Praha, Praha-Libeň, Praha-Libuš                    ");
+  for (unsigned i = 0; i < 200; ++i) {
+    const Bytes word = FromText("obec " + std::to_string(i * 7919 % 1000) + (i % 3 == 0 ? " okres" : "  "));
+    plain.insert(plain.end(), word.begin(), word.end());
+  }
+  return plain;
+}
+
+TEST(Szdd, HeaderTellsModeLastCharacterAndLength) {
+  const Bytes file = CompressSzdd(Bytes(0x00010203, 'x'), 'n');
+  EXPECT_EQ(Bytes(file.begin(), file.begin() + 14),
+            (Bytes{'S', 'Z', 'D', 'D', 0x88, 0xF0, 0x27, 0x33, 'A', 'n', 0x03, 0x02, 0x01, 0x00}));
+}
+
+TEST(Szdd, NothingIsAHeaderAlone) {
+  EXPECT_EQ(CompressSzdd({}, 'n'), File(0, {}));
+  const SzddResult result = ExpandSzdd(File(0, {}));
+  EXPECT_EQ(result.error, "");
+  EXPECT_EQ(result.bytes, Bytes());
+}
+
+TEST(Szdd, BlanksOfTheFreshWindowCostNoLiteral) {
+  // One control byte and eight matches of 18.
+  EXPECT_EQ(CompressSzdd(Bytes(144, ' '), 'n').size(), 14U + 17U);
+}
+
+TEST(Szdd, MatchesAreChosenForTheShortestStream) {
+  // Taking "abc" at once would leave "defgh" to five literals; one literal first lets "bcdefgh" match.
+  const Bytes plain = FromText("abcbcdefghabcdefgh");
+  // Ten literals, then "a", then "bcdefgh" as one match: two control bytes, eleven literals, one match.
+  EXPECT_EQ(CompressSzdd(plain, 'n').size(), 14U + 2U + 11U + 2U);
+}
+
+TEST(Szdd, SignatureMakesAnSzddFile) {
+  const Bytes file = File(0, {});
+  EXPECT_EQ(IsSzdd(file), true);
+  EXPECT_EQ(IsSzdd(std::span(file).first(8)), true);
+  EXPECT_EQ(IsSzdd(std::span(file).first(7)), false);
+  Bytes other = file;
+  other[7] = 0x34;
+  EXPECT_EQ(IsSzdd(other), false);
+}
+
+TEST(Szdd, FileOfAnotherKindIsRefusedWhereItDiffers) {
+  const SzddResult result = ExpandSzdd(FromText("SZAD plain text"));
+  EXPECT_EQ(result.offset, 2U);
+  EXPECT_EQ(result.error, "the SZDD signature was expected");
+}
+
+TEST(Szdd, EveryCutIsAnError) {
+  const Bytes file = CompressSzdd(Sample(), 'n');
+  for (std::size_t length = 0; length < file.size(); ++length) {
+    // A copy of its own size, so that reading behind the cut shows.
+    const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+    const SzddResult result = ExpandSzdd(cut);
+    EXPECT_NE(result.error, "") << "cut to " << length;
+    EXPECT_EQ(result.bytes, Bytes()) << "cut to " << length;
+    EXPECT_LE(result.offset, length);
+  }
+}
+
+TEST(Szdd, EveryFlippedBitIsAnErrorOrOtherBytes) {
+  const Bytes plain = Sample();
+  const Bytes file = CompressSzdd(plain, 'n');
+  for (std::size_t at = 0; at < file.size(); ++at) {
+    for (unsigned bit = 0; bit < 8; ++bit) {
+      Bytes flipped = file;
+      flipped[at] = static_cast<std::uint8_t>(flipped[at] ^ 1U << bit);
+      const SzddResult result = ExpandSzdd(flipped);
+      // A flip in the declared length itself never fits the stream, so the length is the sample's or nothing.
+      EXPECT_EQ(result.bytes.size(), result.Ok() ? plain.size() : 0U) << "byte " << at << ", bit " << bit;
+    }
+  }
+}
+
+TEST(Szdd, RandomStreamsStayInsideTheirBuffers) {
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    const Bytes stream = RandomBytes(1500, 256, seed);
+    for (const std::uint32_t length : {1U, 1000U, 5000U, 9000U}) {
+      const SzddResult result = ExpandSzdd(File(length, stream));
+      EXPECT_EQ(result.bytes.size(), result.Ok() ? length : 0U);
+    }
+  }
+}
+
+TEST(Szdd, DeclaredLengthGoesAsFarAsTheStreamCanReach) {
+  const auto errorOf = [](std::uint32_t length, std::size_t stream) {
+    // Nothing but the longest matches.
+    Bytes bytes(stream, 0x0F);
+    for (std::size_t i = 0; i < stream; i += 17) bytes[i] = 0;
+    return ExpandSzdd(File(length, bytes)).error;
+  };
+  EXPECT_EQ(errorOf(144, 17), "");
+  EXPECT_EQ(errorOf(145, 17), "a length of 145 is declared where at most 144 was expected of a stream of 17 bytes");
+  EXPECT_EQ(errorOf(144 + 18, 17 + 3), "");
+  EXPECT_EQ(errorOf(144 + 19, 17 + 3),
+            "a length of 163 is declared where at most 162 was expected of a stream of 20 bytes");
+  EXPECT_EQ(errorOf(1, 1), "a length of 1 is declared where at most 0 was expected of a stream of 1 bytes");
+}
+
+struct Damage {
+  const char* file;
+  std::size_t offset;
+  const char* error;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Damage& damage) { return stream << damage.file; }
+
+class DamagedSzdd : public testing::TestWithParam<Damage> {};
+
+TEST_P(DamagedSzdd, IsRefusedWithThePlaceOfItsDamage) {
+  std::ifstream stream(std::string(KVEZ_SOURCE_DIR "/tests/core/damaged/szdd/") + GetParam().file + ".kl_",
+                       std::ios::binary);
+  const Bytes file((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+  ASSERT_NE(file, Bytes());
+  const SzddResult result = ExpandSzdd(file);
+  EXPECT_EQ(result.error, GetParam().error);
+  EXPECT_EQ(result.offset, GetParam().offset);
+  EXPECT_EQ(result.bytes, Bytes());
+}
+
+// All of them but for the damage: five literals and a match of nine, "Brno Brno Brno".
+INSTANTIATE_TEST_SUITE_P(
+    Corpus, DamagedSzdd,
+    testing::Values(
+        Damage{"header-cut-behind-the-signature", 8, "a header of 14 bytes was expected"},
+        Damage{"header-cut-in-the-declared-length", 12, "a header of 14 bytes was expected"},
+        Damage{"mode-is-not-A", 8, "the compression mode 'A' was expected"},
+        Damage{"stream-missing", 10, "a length of 14 is declared where at most 0 was expected of a stream of 0 bytes"},
+        Damage{"stream-cut-in-the-literals", 17,
+               "the compressed stream ends after 2 of 14 declared bytes; more of it was expected"},
+        Damage{"stream-cut-before-a-match", 20,
+               "the compressed stream ends after 5 of 14 declared bytes; more of it was expected"},
+        Damage{"stream-cut-in-a-match", 21,
+               "the compressed stream ends after 5 of 14 declared bytes; more of it was expected"},
+        Damage{"stream-cut-at-the-end-of-a-group", 23,
+               "the compressed stream ends after 8 of 9 declared bytes; more of it was expected"},
+        Damage{"stream-goes-on-by-one-byte", 22, "the end of the file was expected after the declared 14 bytes"},
+        Damage{"stream-goes-on-by-a-match", 20, "the end of the file was expected after the declared 5 bytes"},
+        Damage{"declared-length-ends-in-a-match", 20,
+               "a match of 9 bytes where at most 8 were expected before the declared length"},
+        Damage{"declared-length-one-too-long", 22,
+               "the compressed stream ends after 14 of 15 declared bytes; more of it was expected"},
+        Damage{"declared-length-zero", 14, "the end of the file was expected after the declared 0 bytes"},
+        Damage{"declared-length-beyond-144-for-17", 10,
+               "a length of 145 is declared where at most 144 was expected of a stream of 17 bytes"},
+        Damage{"declared-length-of-four-gigabytes", 10,
+               "a length of 4294967295 is declared where at most 55 was expected of a stream of 8 bytes"}),
+    [](const testing::TestParamInfo<Damage>& test) {
+      std::string name = test.param.file;
+      std::replace(name.begin(), name.end(), '-', '_');
+      return name;
+    });
 
 }  // namespace
 }  // namespace kvez

@@ -1,4 +1,4 @@
-#include "tools/utf8.h"
+#include "platform/portable/utf8.h"
 
 #include <cstdint>
 
@@ -47,8 +47,6 @@ std::string ToUtf8(std::wstring_view text) {
   }
   return bytes;
 }
-
-std::string InApostrophes(std::wstring_view text) { return ToUtf8(L"'" + std::wstring(text) + L"'"); }
 
 std::optional<std::wstring> FromUtf8(std::string_view bytes) {
   std::wstring text;

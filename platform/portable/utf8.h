@@ -9,9 +9,6 @@ namespace kvez {
 /// UTF-8 of a text. Half of a surrogate pair becomes the replacement character.
 std::string ToUtf8(std::wstring_view text);
 
-/// UTF-8 of a text between apostrophes, for messages.
-std::string InApostrophes(std::wstring_view text);
-
 /// The text of UTF-8 bytes, or nothing when they are not well formed (overlong forms and surrogates included).
 std::optional<std::wstring> FromUtf8(std::string_view bytes);
 
