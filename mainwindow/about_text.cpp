@@ -6,7 +6,7 @@ namespace kvez {
 const wchar_t kAboutText[] =
     L"Kvez vyhledává obce České republiky, jejich poštovní směrovací čísla, dodávací pošty a okresy.\r\n"
     L"\r\n"
-    L"Údaje vycházejí ze seznamu „Seznam PSČ částí obcí a obcí bez částí“, který zveřejňuje Česká pošta, s. p., jako "
+    L"Údaje vycházejí ze seznamu „Seznam PSČ částí obcí a obcí bez částí“, který zveřejňuje Česká pošta, s.\u00a0p., jako "
     L"otevřená data. Údaje dodané s programem: stav " KVEZ_DATA_STATE
     L". Novější stáhne tlačítko Aktualizace.\r\n"
     L"\r\n"

@@ -1,0 +1,337 @@
+// Hints, About, settings, exit and the keys of the whole window, in the real main window.
+#include <gmock/gmock.h>
+
+#include <array>
+
+#include "forms/guard.h"
+#include "mainwindow/addresses.h"
+#include "tests/support/window_test.h"
+#include "tests/windows/main_window_test.h"
+#include "tests/windows/status_bar_view.h"
+
+namespace kvez {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MainWindowCommands : public MainWindowTest {
+ protected:
+  void Click(tlText& button) { SendMessageW(button.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5)); }
+  /// Alt and a letter, as the keyboard sends it.
+  void AccessKey(wchar_t letter) {
+    MSG message{};
+    message.hwnd = m_window->Handle();
+    message.message = WM_SYSCHAR;
+    message.wParam = letter;
+    message.lParam = 1 << 29;
+    m_window->TranslateKey(message);
+  }
+  static void Hold(BYTE key, bool held) {
+    BYTE state[256] = {};
+    GetKeyboardState(state);
+    state[key] = held ? 0x80 : 0;
+    SetKeyboardState(state);
+  }
+  void PressWith(std::initializer_list<BYTE> modifiers, WPARAM key) {
+    for (const BYTE modifier : modifiers) Hold(modifier, true);
+    SendMessageW(m_window->txtMPSC[0].Handle(), WM_KEYDOWN, key, 1);
+    for (const BYTE modifier : modifiers) Hold(modifier, false);
+  }
+  HWND SettingsWindow() {
+    const HWND found = FindWindowW(L"KvezNastaveni", L"Kvez - nastavení");
+    return found != nullptr && GetWindow(found, GW_OWNER) == m_window->Handle() ? found : nullptr;
+  }
+  void RecordWish(const wchar_t* wish) { m_machine.settings.values[{L"VD", L"VDKVEZ", L"zástupce"}] = wish; }
+};
+
+TEST_F(MainWindowCommands, EveryButtonGivesItsHintAndIcon) {
+  frmhlavni& window = Open();
+  const test::StatusBarView status(window.Handle());
+  struct Row {
+    tlText* button;
+    const wchar_t* icon;
+    const wchar_t* hint;
+  };
+  const std::array<Row, 11> rows = {{
+      {&window.tlHObcePSC, L"NAJDI", L"Vyberte obec ze seznamu."},
+      {&window.tlHVyhledej, L"NAJDI", L"Najde v databázi požadované informace a zobrazí seznam."},
+      {&window.tlHAktualizace, L"APLIKACE", L"Poslední aktualizace databáze byla provedena 16.listopad 2026."},
+      {&window.tlHNapoveda, L"NAPOVEDA", L"Nápověda na ovládání programu."},
+      {&window.tlHOaplikaci, L"APLIKACE", L"Kontakt na autora."},
+      {&window.tlHNastaveni, L"NASTAVENI", L"Uživatelské nastavení."},
+      {&window.tlHKonec, L"APLIKACE", L"Ukončení programu"},
+      {&window.tlHMeil, L"MEIL", L"Vaše přání nebo připomínky."},
+      {&window.tlHWWW, L"INTERNET", L"Stránky programu."},
+      {&window.tlHPCInfo, L"POCITAC", L"Systémové informace Vašeho počítače."},
+      {&window.tlHStorno, L"APLIKACE", L"Návrat na vyhledávání."},
+  }};
+  for (const Row& row : rows) {
+    row.button->MouseMoveEnabled(true);
+    EXPECT_EQ(status.Text(), row.hint);
+    EXPECT_TRUE(status.ShowsIcon(row.icon)) << testing::PrintToString(row.hint);
+    row.button->MouseMoveEnabled(false);
+    EXPECT_EQ(status.Text(), L"");
+    EXPECT_EQ(status.Flags(), 256);
+    EXPECT_FALSE(status.HasIcon());
+  }
+}
+
+TEST_F(MainWindowCommands, TheHintOfObcePscFollowsItsTooltip) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"Mikulov");
+  window.VyhledejSeznam();
+  window.lstMPSC[1].SetListIndex(0);
+  window.tlHObcePSC.MouseMoveEnabled(true);
+  EXPECT_EQ(test::StatusBarView(window.Handle()).Text(), L"Vytvoří seznam obcí pro PSČ \"692 01  Mikulov na Moravě\".");
+}
+
+TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  EXPECT_TRUE(window.fraMPSCO.Visible());
+  EXPECT_EQ(window.Label1to3[0].Caption(), L"Název: Kvez");
+  EXPECT_EQ(window.Label1to3[1].Caption(), L"Verze: 1.2.3");
+  EXPECT_EQ(window.Label1to3[2].Caption(), L"VDKVEZ");
+  for (const tlText* button :
+       {&window.tlHAktualizace, &window.tlHVyhledej, &window.tlHOaplikaci, &window.tlHNastaveni}) {
+    EXPECT_FALSE(button->Enabled().IsTrue());
+  }
+  for (const tlText* button : {&window.tlHNapoveda, &window.tlHKonec, &window.tlHStorno}) {
+    EXPECT_TRUE(button->Enabled().IsTrue());
+  }
+  EXPECT_EQ(window.FocusedControl(), &window.Text1);
+  const std::wstring text = window.Text1.Text();
+  for (const wchar_t* part : {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav 2017", L"licencí MIT"}) {
+    EXPECT_NE(text.find(part), std::wstring::npos) << testing::PrintToString(part);
+  }
+}
+
+TEST_F(MainWindowCommands, StornoGoesBackToSearching) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  window.tlHStorno.MouseMoveEnabled(true);
+  Click(window.tlHStorno);
+  EXPECT_FALSE(window.fraMPSCO.Visible());
+  for (const tlText* button :
+       {&window.tlHAktualizace, &window.tlHVyhledej, &window.tlHOaplikaci, &window.tlHNastaveni}) {
+    EXPECT_TRUE(button->Enabled().IsTrue());
+  }
+  const test::StatusBarView status(window.Handle());
+  EXPECT_EQ(status.Text(), L"");
+  EXPECT_EQ(status.Flags(), 256);
+  EXPECT_EQ(window.FocusedControl(), &window.txtMPSC[0]);
+  EXPECT_TRUE(window.tlHVyhledej.Visible());
+}
+
+TEST_F(MainWindowCommands, EscapeIsStornoWhileAboutIsOpen) {
+  frmhlavni& window = Open();
+  MSG escape{};
+  escape.hwnd = window.Handle();
+  escape.message = WM_KEYDOWN;
+  escape.wParam = VK_ESCAPE;
+  escape.lParam = 1;
+  EXPECT_FALSE(window.TranslateKey(escape));
+  Click(window.tlHOaplikaci);
+  EXPECT_TRUE(window.TranslateKey(escape));
+  EXPECT_FALSE(window.fraMPSCO.Visible());
+  EXPECT_TRUE(window.IsOpen());
+}
+
+TEST_F(MainWindowCommands, AboutButtonsOpenThroughTheShellAndRaiseNoClick) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  std::vector<std::string> opened;
+  const auto record = [&opened](HWND, const char*, const char* file, const char*, const char*, int) {
+    opened.emplace_back(file);
+    return HINSTANCE{};
+  };
+  for (tlText* button : {&window.tlHMeil, &window.tlHWWW, &window.tlHPCInfo}) {
+    button->SetShellExecute(record);
+    Click(*button);
+  }
+  const std::wstring mail = kMailAddress;
+  const std::wstring web = kWebPage;
+  EXPECT_THAT(opened, ElementsAre("mailto:" + std::string(mail.begin(), mail.end()),
+                                  "http://" + std::string(web.begin(), web.end()), "msinfo32"));
+}
+
+TEST_F(MainWindowCommands, ClickHandlersOfTheShellButtonsClearTheStatus) {
+  frmhlavni& window = Open();
+  const test::StatusBarView status(window.Handle());
+  for (tlText* button : {&window.tlHMeil, &window.tlHWWW, &window.tlHPCInfo}) {
+    button->MouseMoveEnabled(true);
+    button->Click();
+    EXPECT_EQ(status.Text(), L"");
+    EXPECT_EQ(status.Flags(), 256);
+  }
+}
+
+TEST_F(MainWindowCommands, ControlKeysSelectTheModes) {
+  frmhlavni& window = Open();
+  PressWith({VK_CONTROL}, 'P');
+  EXPECT_TRUE(window.optMPSC[0].Value());
+  EXPECT_EQ(window.txtMPSC[0].MaxLength(), 6);
+  PressWith({VK_CONTROL}, 'O');
+  EXPECT_TRUE(window.optMPSC[2].Value());
+  EXPECT_TRUE(window.lstMPSC[2].Visible());
+  PressWith({VK_CONTROL}, 'M');
+  EXPECT_TRUE(window.optMPSC[1].Value());
+  EXPECT_TRUE(window.lstMPSC[0].Visible());
+}
+
+TEST_F(MainWindowCommands, OtherShiftStatesDoNothing) {
+  frmhlavni& window = Open();
+  PressWith({VK_CONTROL, VK_SHIFT}, 'P');
+  PressWith({VK_CONTROL, VK_MENU}, 'P');
+  PressWith({VK_SHIFT}, 'P');
+  PressWith({}, 'P');
+  EXPECT_TRUE(window.optMPSC[1].Value());
+}
+
+TEST_F(MainWindowCommands, WithoutDistrictsControlOSelectsNothing) {
+  m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
+  frmhlavni& window = Open();
+  PressWith({VK_CONTROL}, 'O');
+  EXPECT_FALSE(window.optMPSC[2].Value());
+  EXPECT_TRUE(window.optMPSC[1].Value());
+}
+
+TEST_F(MainWindowCommands, AModeKeyLeavesTheAboutPanel) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  PressWith({VK_CONTROL}, 'P');
+  EXPECT_FALSE(window.fraMPSCO.Visible());
+  EXPECT_TRUE(window.optMPSC[0].Value());
+}
+
+TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
+  frmhlavni& window = Open();
+  std::wstring pressed;
+  const auto listen = [&pressed](tlText& button, wchar_t letter) {
+    button.Click = [&pressed, letter] { pressed.push_back(letter); };
+  };
+  listen(window.tlHObcePSC, L'b');
+  listen(window.tlHVyhledej, L'v');
+  listen(window.tlHAktualizace, L'a');
+  listen(window.tlHNapoveda, L'n');
+  listen(window.tlHNastaveni, L's');
+  listen(window.tlHKonec, L'k');
+  window.tlHObcePSC.SetVisible(true);
+  for (const wchar_t letter : std::wstring(L"bvansk")) AccessKey(letter);
+  EXPECT_EQ(pressed, L"bvansk");
+  for (const wchar_t letter : std::wstring(L"BVANSK")) AccessKey(letter);
+  EXPECT_EQ(pressed, L"bvanskbvansk");
+
+  AccessKey(L'o');
+  ASSERT_TRUE(window.fraMPSCO.Visible());
+  const auto shell = [&pressed](tlText& button, wchar_t letter) {
+    button.SetShellExecute([&pressed, letter](HWND, const char*, const char*, const char*, const char*, int) {
+      pressed.push_back(letter);
+      return HINSTANCE{};
+    });
+  };
+  shell(window.tlHMeil, L'e');
+  shell(window.tlHWWW, L'i');
+  shell(window.tlHPCInfo, L'p');
+  pressed.clear();
+  for (const wchar_t letter : std::wstring(L"eip")) AccessKey(letter);
+  EXPECT_EQ(pressed, L"eip");
+  // Now it is the panel's way back: the settings button, which shares the letter, is disabled.
+  AccessKey(L's');
+  EXPECT_FALSE(window.fraMPSCO.Visible());
+  EXPECT_EQ(pressed, L"eip");
+}
+
+TEST_F(MainWindowCommands, SettingsOpenOnceAndShowWhatIsStored) {
+  SetSetting(2, L"1");
+  frmhlavni& window = Open();
+  Click(window.tlHNastaveni);
+  const HWND first = SettingsWindow();
+  ASSERT_NE(first, nullptr);
+  EXPECT_TRUE(frmnastaveni::SettingsOpen);
+  EXPECT_EQ(SendDlgItemMessageW(first, kChkN + 2, BM_GETCHECK, 0, 0), BST_CHECKED);
+  Click(window.tlHNastaveni);
+  EXPECT_EQ(SettingsWindow(), first);
+}
+
+TEST_F(MainWindowCommands, SettingsOpenAgainAfterTheyWereClosed) {
+  frmhlavni& window = Open();
+  Click(window.tlHNastaveni);
+  SendMessageW(SettingsWindow(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(SettingsWindow(), nullptr);
+  EXPECT_FALSE(frmnastaveni::SettingsOpen);
+  Click(window.tlHNastaveni);
+  EXPECT_NE(SettingsWindow(), nullptr);
+}
+
+TEST_F(MainWindowCommands, TheExitClosesTheSettings) {
+  frmhlavni& window = Open();
+  Click(window.tlHNastaveni);
+  m_machine.messages.answers = {true};
+  EXPECT_TRUE(window.Unload());
+  EXPECT_EQ(SettingsWindow(), nullptr);
+  EXPECT_FALSE(frmnastaveni::SettingsOpen);
+}
+
+TEST_F(MainWindowCommands, NoAtTheExitQuestionKeepsTheSettingsOpen) {
+  frmhlavni& window = Open();
+  Click(window.tlHNastaveni);
+  m_machine.messages.answers = {false};
+  Click(window.tlHKonec);
+  EXPECT_TRUE(window.IsOpen());
+  EXPECT_NE(SettingsWindow(), nullptr);
+  EXPECT_EQ(m_commands.help.closings, 0);
+}
+
+TEST_F(MainWindowCommands, TheExitPutsAWantedShortcutBack) {
+  RecordWish(L"True");
+  Open();
+  m_machine.messages.answers = {true};
+  m_window->Unload();
+  EXPECT_EQ(m_commands.automation.steps.back(), L"Save()");
+}
+
+TEST_F(MainWindowCommands, TheExitWithoutAWishLeavesTheDesktopAlone) {
+  Open();
+  m_machine.messages.answers = {true};
+  m_window->Unload();
+  EXPECT_THAT(m_commands.shell.folders, IsEmpty());
+  EXPECT_THAT(m_commands.automation.steps, IsEmpty());
+}
+
+// Errors of handlers are shown by the guard of the window procedures; these tests collect them.
+class MainWindowErrors : public MainWindowCommands {
+ protected:
+  MainWindowErrors() {
+    forms::SetGuard({.title = L"Kvez", .translate = {}, .show = [this](const std::wstring& text, const std::wstring&) {
+                       errors.push_back(text);
+                     }});
+  }
+  ~MainWindowErrors() override { forms::SetGuard({}); }
+
+  std::vector<std::wstring> errors;
+};
+
+TEST_F(MainWindowErrors, AWishThatCannotBeReadDoesNotKeepTheProgram) {
+  RecordWish(L"možná");
+  Open();
+  m_machine.messages.answers = {true};
+  EXPECT_TRUE(m_window->Unload());
+  EXPECT_EQ(errors.size(), 1U);
+  EXPECT_THAT(m_commands.automation.steps, IsEmpty());
+}
+
+TEST_F(MainWindowErrors, SettingsThatCannotBeReadGiveAMessageAndNoWindow) {
+  SetSetting(1, L"ano");
+  frmhlavni& window = Open();
+  Click(window.tlHNastaveni);
+  EXPECT_EQ(errors.size(), 1U);
+  EXPECT_EQ(SettingsWindow(), nullptr);
+  SetSetting(1, L"1");
+  Click(window.tlHNastaveni);
+  EXPECT_EQ(SendDlgItemMessageW(SettingsWindow(), kChkN + 1, BM_GETCHECK, 0, 0), BST_CHECKED);
+}
+
+}  // namespace
+}  // namespace kvez
