@@ -87,7 +87,8 @@ void Control::SetEnabled(bool enabled) {
 void Control::SetFocus() {
   if (Handle() == nullptr) return;
   if (GetActiveWindow() == m_form->Handle()) {
-    ::SetFocus(Handle());
+    // The system would let a hidden or disabled control swallow all keys.
+    if (IsWindowVisible(Handle()) && IsWindowEnabled(Handle())) ::SetFocus(Handle());
   } else {
     // Taking the focus would bring the form in front of what the user works in; it comes with the next activation.
     m_form->m_focusWhenActive = Handle();

@@ -78,6 +78,8 @@ class Control : public Window {
   bool Enabled() const { return m_enabled; }
   virtual void SetEnabled(bool enabled);
 
+  /// Takes the keyboard focus, or will take it when the form becomes active. A control that is hidden or disabled then
+  /// leaves the focus where it is.
   void SetFocus();
   bool HasKeyboardFocus() const;
   /// False keeps the control out of the order of the Tab key.

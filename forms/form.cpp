@@ -285,7 +285,7 @@ void Form::RescaleControls() {
   OwnedFont old = std::move(m_font);
   CreateFont();
   for (Control* control : m_controls) control->Rescale();
-  if (m_toolTip != nullptr) SendMessageW(m_toolTip, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
+  RescaleToolTip();
 }
 
 void Form::OnDpiChanged(unsigned dpi, const RECT& suggested) {

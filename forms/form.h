@@ -142,6 +142,7 @@ class Form : public Window, public Container {
   bool TranslateAccessKey(wchar_t character);
   bool TranslateButtonKey(const MSG& message);
   void CreateToolTip();
+  void RescaleToolTip();
 
   unsigned m_dpi = 96;
   OwnedFont m_font;

@@ -43,8 +43,12 @@ void Form::CreateToolTip() {
   m_toolTip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, Handle(), nullptr,
                               GetModuleHandleW(nullptr), nullptr);
+  RescaleToolTip();
+}
+
+void Form::RescaleToolTip() {
   if (m_toolTip == nullptr) return;
-  SendMessageW(m_toolTip, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
+  SendMessageW(m_toolTip, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
   SendMessageW(m_toolTip, TTM_SETMAXTIPWIDTH, 0, ToPixels(kToolTipWidthTwips));
 }
 

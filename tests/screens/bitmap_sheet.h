@@ -33,6 +33,13 @@ class BitmapSheet {
     RestoreDC(m_context.Get(), saved);
   }
 
+  void Write(const wchar_t* text, HFONT font, const RECT& place) {
+    const ObjectSelection selection(m_context.Get(), font);
+    SetBkMode(m_context.Get(), TRANSPARENT);
+    RECT area = place;
+    DrawTextW(m_context.Get(), text, -1, &area, DT_WORDBREAK | DT_NOPREFIX);
+  }
+
   /// False when the file cannot be written.
   bool Save(const wchar_t* path) {
     GdiFlush();

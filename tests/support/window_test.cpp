@@ -58,7 +58,7 @@ void PumpInput() {
   markerSeen = false;
   INPUT inputs[2] = {KeyInput(kMarkerKey, 0), KeyInput(kMarkerKey, KEYEVENTF_KEYUP)};
   SendInput(2, inputs, sizeof(INPUT));
-  PumpUntil([] { return markerSeen; }, 2.0);
+  PumpUntil([] { return markerSeen; });
   UnhookWindowsHookEx(hook);
 }
 

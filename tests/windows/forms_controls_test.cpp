@@ -1,8 +1,5 @@
 // The single controls.
 #include <gtest/gtest.h>
-#include <oleacc.h>
-// After windows.h, whose types it needs.
-#include <commctrl.h>
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
@@ -407,106 +404,6 @@ TEST(FrameTest, CoversWhatLiesBehind) {
   frame.SetVisible(false);
   UpdateWindow(behind.Handle());
   EXPECT_EQ(Pixels::OfWindow(form.Handle()).Count(RGB(255, 0, 0)), 200 * 100);
-}
-
-/// The text of the tooltip that `form` has for `control`; "(none)" without one.
-std::wstring ToolTipOf(const Control& control) {
-  for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-    if (GetWindow(tip, GW_OWNER) != control.OwnerForm().Handle()) continue;
-    wchar_t text[300]{};
-    TTTOOLINFOW info{};
-    info.cbSize = TTTOOLINFOW_V2_SIZE;
-    info.uFlags = TTF_IDISHWND;
-    info.hwnd = control.OwnerForm().Handle();
-    info.uId = reinterpret_cast<UINT_PTR>(control.Handle());
-    info.lpszText = text;
-    TTTOOLINFOW present = info;
-    if (!SendMessageW(tip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&present))) return L"(none)";
-    SendMessageW(tip, TTM_GETTEXTW, 300, reinterpret_cast<LPARAM>(&info));
-    return text;
-  }
-  return L"(none)";
-}
-
-TEST(ToolTips, FollowTheirControls) {
-  TestForm form;
-  TextBox box;
-  CheckBox check;
-  box.Create(form, 1, {0, 0, 1500, 285});
-  check.Create(form, 2, {0, 600, 1500, 285}, L"a");
-  EXPECT_EQ(ToolTipOf(box), L"(none)");
-  box.SetToolTipText(L"Vyberte obec ze seznamu.");
-  check.SetToolTipText(L"Uživatelské nastavení.");
-  EXPECT_EQ(ToolTipOf(box), L"Vyberte obec ze seznamu.");
-  EXPECT_EQ(ToolTipOf(check), L"Uživatelské nastavení.");
-  box.SetToolTipText(L"Jiný & text");
-  EXPECT_EQ(ToolTipOf(box), L"Jiný & text");
-  EXPECT_EQ(box.ToolTipText(), L"Jiný & text");
-  box.SetToolTipText(L"");
-  EXPECT_EQ(ToolTipOf(box), L"(none)");
-  EXPECT_EQ(ToolTipOf(check), L"Uživatelské nastavení.");
-}
-
-TEST(ToolTips, ShowUnderThePointer) {
-  TestForm form;
-  CheckBox check;
-  check.Create(form, 1, {600, 600, 1500, 285}, L"a");
-  check.SetToolTipText(L"Uživatelské nastavení.");
-  test::PointAt(test::FarAway());
-  ASSERT_TRUE(test::ShowActive(form));
-  test::PointAt(test::CenterOf(check.Handle()));
-  EXPECT_TRUE(test::PumpUntil([&] {
-    for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-      if (GetWindow(tip, GW_OWNER) == form.Handle() && IsWindowVisible(tip)) return true;
-    }
-    return false;
-  }));
-  test::PointAt(test::FarAway());
-}
-
-std::wstring AccessibleText(const Control& control, HRESULT (STDMETHODCALLTYPE IAccessible::*getter)(VARIANT, BSTR*)) {
-  void* object = nullptr;
-  if (FAILED(AccessibleObjectFromWindow(control.Handle(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                        &object))) {
-    return L"(no object)";
-  }
-  auto* const accessible = static_cast<IAccessible*>(object);
-  VARIANT self{};
-  self.vt = VT_I4;
-  BSTR text = nullptr;
-  std::wstring result = L"(none)";
-  if (SUCCEEDED((accessible->*getter)(self, &text)) && text != nullptr) {
-    result.assign(text, SysStringLen(text));
-    SysFreeString(text);
-  }
-  accessible->Release();
-  return result;
-}
-
-TEST(Accessibility, TextBoxWithoutALabelCanHaveAName) {
-  TestForm form;
-  TextBox box;
-  box.Create(form, 1, {0, 0, 1500, 285});
-  box.SetAccessibleName(L"Hledaný text");
-  box.SetToolTipText(L"Sem pište.");
-  box.SetText(L"Praha");
-  CoInitialize(nullptr);
-  EXPECT_EQ(AccessibleText(box, &IAccessible::get_accName), L"Hledaný text");
-  EXPECT_EQ(AccessibleText(box, &IAccessible::get_accDescription), L"Sem pište.");
-  CoUninitialize();
-}
-
-TEST(Accessibility, ProgressBarTellsItsValue) {
-  TestForm form;
-  PictureBox bar;
-  bar.Create(form, 1, {0, 0, 3000, 285});
-  bar.SetIsProgressBar(true);
-  bar.FillRectangle(0, 0, 1290, 285);
-  CoInitialize(nullptr);
-  EXPECT_EQ(AccessibleText(bar, &IAccessible::get_accValue), L"43 %");
-  bar.Cls();
-  EXPECT_EQ(AccessibleText(bar, &IAccessible::get_accValue), L"0 %");
-  CoUninitialize();
 }
 
 }  // namespace

@@ -242,6 +242,15 @@ TEST_F(FormKeyboard, HidingOrDisablingTheFocusedControlHandsTheFocusOn) {
   EXPECT_EQ(GetFocus(), form.Handle());
 }
 
+TEST_F(FormKeyboard, HiddenOrDisabledControlDoesNotTakeTheFocus) {
+  second.SetVisible(false);
+  second.SetFocus();
+  EXPECT_TRUE(first.HasKeyboardFocus());
+  check.SetEnabled(false);
+  check.SetFocus();
+  EXPECT_TRUE(first.HasKeyboardFocus());
+}
+
 TEST_F(FormKeyboard, FocusComesBackWithTheForm) {
   second.SetFocus();
   {
