@@ -26,7 +26,7 @@ inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
 /// Lists are 1-based; index 0 means no element, and an index out of range selects no element.
 class clspsc {
  public:
-  /// `programFolder` is the folder of the data files, without a trailing separator.
+  /// `programFolder` is the folder of the data files; only the root of a drive ends in a separator.
   clspsc(Platform platform, std::wstring programFolder);
 
   clspsc(const clspsc&) = delete;
@@ -83,6 +83,17 @@ class clspsc {
   std::wstring pscoVybran() const;
   std::wstring pVybran() const;
 
+  // Handing out the result under a heading. Each leaves the municipality cursor on the last row of the result.
+  /// Writes "vdkvez.txt" into a folder that the user picks. An empty result does nothing at all.
+  void pExport(std::wstring peh);
+  /// Puts the list text on the clipboard.
+  void pClipboard(std::wstring pch);
+  /// Writes "meil.txt" into the program's folder and attaches it to a new e-mail, shown there under the heading.
+  void pMail(std::wstring pmt);
+  /// Prints the result on the default printer; the result cursor stays on the last printed row. A printer that
+  /// refuses prints nothing, silently.
+  void pTisk(std::wstring ptt, ProgressWindow& window);
+
  private:
   bool ReadDataFile(const DataFile& file, ProgressWindow& window,
                     const std::function<void(FieldReader&)>& appendRecord);
@@ -98,6 +109,11 @@ class clspsc {
   void BeginSearch(ListBox& list);
   void AddMatch(std::size_t municipality);
   void FillResultList(ListBox& list);
+
+  std::wstring pSeznam();
+  std::wstring TextUnderHeading(const std::wstring& heading);
+  std::wstring AskForExportFolder();
+  void PrintResult(const std::wstring& heading, ProgressWindow& window);
 
   void SelectNoMunicipality();
   const std::wstring& FormattedCode(std::int32_t code) const;

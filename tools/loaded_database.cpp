@@ -22,7 +22,7 @@ void CollectedMessages::ThrowIfAny() const {
 }
 
 LoadedDatabase::LoadedDatabase(const std::filesystem::path& folder)
-    : m_database(Platform{m_messages, m_settings, m_lz, m_files, m_formats},
+    : m_database(Platform{m_messages, m_settings, m_lz, m_files, m_formats, m_output.Services()},
                  TextFromPath(std::filesystem::absolute(folder))) {
   m_database.pscNacti(m_progress);
   m_database.pscpNacti(m_progress);

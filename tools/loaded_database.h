@@ -10,6 +10,7 @@
 #include "platform/portable/portable_files.h"
 #include "platform/portable/portable_formats.h"
 #include "platform/portable/portable_lz_library.h"
+#include "platform/portable/portable_output.h"
 #include "platform/portable/portable_settings_store.h"
 
 namespace kvez {
@@ -48,6 +49,7 @@ class LoadedDatabase {
   PortableLzLibrary m_lz;
   PortableFiles m_files;
   PortableFormats m_formats;
+  PortableOutput m_output;
   NoProgress m_progress;
   clspsc m_database;
 };

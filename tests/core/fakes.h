@@ -14,6 +14,7 @@
 #include "database/progress_window.h"
 #include "platform/platform.h"
 #include "platform/portable/portable_formats.h"
+#include "tests/core/output_fakes.h"
 
 /// What the core asks of the machine, without a machine: each fake keeps what it was asked for. Nothing here needs
 /// the test framework, so that other programs can use it too.
@@ -237,8 +238,9 @@ struct Machine {
   LzLibraryFake lz{disk, log};
   FilesFake files{disk, log};
   FormatsFake formats;
+  OutputMachine output{log};
 
-  kvez::Platform Platform() { return {messages, settings, lz, files, formats}; }
+  kvez::Platform Platform() { return {messages, settings, lz, files, formats, output.Services()}; }
 };
 
 }  // namespace kvez::fakes

@@ -53,7 +53,9 @@ class Nastaveni : public testing::Test {
   FakeSettingsStore settings;
   FakeShell shell;
   FakeAutomation automation;
-  clspsc database{Platform{machine.messages, settings, machine.lz, machine.files, machine.formats}, L"C:\\Kvez"};
+  clspsc database{
+      Platform{machine.messages, settings, machine.lz, machine.files, machine.formats, machine.output.Services()},
+      L"C:\\Kvez"};
   std::unique_ptr<frmnastaveni> window;
 };
 

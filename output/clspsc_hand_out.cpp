@@ -1,0 +1,68 @@
+// The three ways out for the list text: a file, the clipboard, an e-mail.
+
+#include <exception>
+
+#include "database/application.h"
+#include "database/clspsc.h"
+
+namespace kvez {
+namespace {
+
+constexpr std::wstring_view kExportFile = L"vdkvez.txt";
+constexpr std::wstring_view kMailFile = L"\\meil.txt";
+
+// A file that cannot be written is no reason to stop: what follows goes on as if it had been.
+template <typename MakeText>
+void WriteIgnoringErrors(TextFiles& files, const std::wstring& path, const MakeText& makeText) {
+  try {
+    files.Write(path, makeText());
+  } catch (const std::exception&) {
+  }
+}
+
+}  // namespace
+
+void clspsc::pExport(std::wstring peh) {
+  if (m_resultCount == 0) return;
+  std::wstring path = AskForExportFolder();
+  if (path.empty()) return;
+  if (path.back() != L'\\') path += L'\\';
+  path += kExportFile;
+
+  WriteIgnoringErrors(m_platform.output.textFiles, path, [&] { return TextUnderHeading(peh); });
+  m_platform.output.pendingMessages.Process();
+  // Said whether or not the file could be written.
+  m_platform.messages.Show(L"Export do souboru \"vdkvez.txt\" je dokončen.", MessageIcon::Information,
+                           kApplicationTitle);
+}
+
+std::wstring clspsc::AskForExportFolder() {
+  FolderDialog& folders = m_platform.output.folders;
+  std::wstring path;
+  for (;;) {
+    const auto buffer = folders.Browse(L"Zadejte cestu kam si přejete soubor uložit.");
+    // The path of the pass before stays on purpose: cancelling a repeated dialog does not cancel the export.
+    if (!buffer) return path;
+    const std::size_t end = buffer->find(L'\0');
+    path = buffer->substr(0, end);
+    // A buffer without an end is taken whole and not looked at further.
+    if (end == std::wstring::npos || folders.IsDirectory(path)) return path;
+    m_platform.messages.Show(L"Vložte prosím disketu.", MessageIcon::Exclamation, kApplicationTitle);
+  }
+}
+
+void clspsc::pClipboard(std::wstring pch) { m_platform.output.clipboard.Replace(TextUnderHeading(pch)); }
+
+void clspsc::pMail(std::wstring pmt) {
+  // At the root of a drive the folder ends in a backslash already; the doubled one names the same file.
+  const std::wstring path = m_programFolder + std::wstring(kMailFile);
+  // The file stays there after the message has gone; the next message overwrites it.
+  WriteIgnoringErrors(m_platform.output.textFiles, path, [&] { return TextUnderHeading(pmt); });
+  // The heading is what the recipient sees as the attachment's name; the mail system splits it at semicolons.
+  const std::uint32_t result = m_platform.output.mail.SendDocuments(L";", path, pmt);
+  if (result == 0) return;
+  m_platform.messages.Show(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation,
+                           std::to_wstring(result));
+}
+
+}  // namespace kvez

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+#include "platform/clipboard.h"
+
+namespace kvez {
+
+/// The system's clipboard. It belongs afterwards to the window that `owner` names, without which the system takes no
+/// text.
+class WindowsClipboard : public Clipboard {
+ public:
+  explicit WindowsClipboard(std::function<HWND()> owner);
+
+  void Replace(std::wstring_view text) override;
+
+ private:
+  std::function<HWND()> m_owner;
+};
+
+}  // namespace kvez

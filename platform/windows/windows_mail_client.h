@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/mail_client.h"
+
+namespace kvez {
+
+/// The mail client that the user has chosen in the system, through the system's mail library, which is loaded at the
+/// first need. A system without that library answers like one without a mail client (26).
+class WindowsMailClient : public MailClient {
+ public:
+  std::uint32_t SendDocuments(std::wstring_view delimiter, std::wstring_view files,
+                              std::wstring_view displayNames) override;
+};
+
+}  // namespace kvez
