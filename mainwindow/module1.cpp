@@ -19,6 +19,7 @@
 #include "platform/windows/windows_help_viewer.h"
 #include "platform/windows/windows_lz_library.h"
 #include "platform/windows/windows_message_dialog.h"
+#include "platform/windows/windows_output.h"
 #include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_version_information.h"
@@ -41,6 +42,9 @@ class Module1 {
  public:
   Module1()
       : m_messages([this] { return m_window ? GetLastActivePopup(m_window->Handle()) : nullptr; }),
+        m_output(
+            m_clock, m_version, [this] { return m_window ? m_window->Handle() : nullptr; }, &forms::DoEvents,
+            std::wstring(kApplicationTitle)),
         m_database(CorePlatform(), ProgramFolder()) {}
 
   int Run() {
@@ -52,7 +56,7 @@ class Module1 {
   }
 
  private:
-  Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats}; }
+  Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats, m_output.Services()}; }
 
   CommandServices Commands() {
     return {m_downloader, m_help, m_version, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
@@ -70,6 +74,7 @@ class Module1 {
   WindowsHelpViewer m_help{[this] { return m_window ? m_window->Handle() : nullptr; }};
   WindowsVersionInformation m_version;
   WindowsShell m_shell;
+  WindowsOutput m_output;
   clspsc m_database;
   std::unique_ptr<frmhlavni> m_window;
 };

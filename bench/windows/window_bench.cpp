@@ -22,6 +22,7 @@
 #include "platform/windows/windows_help_viewer.h"
 #include "platform/windows/windows_lz_library.h"
 #include "platform/windows/windows_message_dialog.h"
+#include "platform/windows/windows_output.h"
 #include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_version_information.h"
@@ -111,11 +112,13 @@ void MeasureWindow(const std::wstring& exe) {
   WindowsFiles files;
   WindowsFormats formats;
   WindowsClock clock;
-  const Platform platform{messages, settings, lz, files, formats};
+  WindowsVersionInformation version;
+  WindowsOutput output(
+      clock, version, [] { return HWND{}; }, &forms::DoEvents, L"Kvez");
+  const Platform platform{messages, settings, lz, files, formats, output.Services()};
   clspsc database(platform, exe.substr(0, exe.find_last_of(L"\\/")));
   WindowsDownloader downloader;
   WindowsHelpViewer help([] { return HWND{}; });
-  WindowsVersionInformation version;
   WindowsShell shell;
   WindowsAutomation automation;
   frmhlavni window(database, platform, clock,

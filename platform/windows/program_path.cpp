@@ -16,10 +16,14 @@ std::wstring ProgramPath() {
   }
 }
 
-std::wstring ProgramFolder() {
-  const std::wstring path = ProgramPath();
-  return path.substr(0, path.find_last_of(L'\\'));
+std::wstring FolderOf(std::wstring_view path) {
+  const std::size_t end = path.find_last_of(L'\\');
+  // Without its separator the root of a drive would be the drive's working folder.
+  const bool isRoot = end == 2 && path[1] == L':';
+  return std::wstring(path.substr(0, isRoot ? end + 1 : end));
 }
+
+std::wstring ProgramFolder() { return FolderOf(ProgramPath()); }
 
 std::wstring ProgramName() {
   const std::wstring path = ProgramPath();

@@ -4,20 +4,10 @@
 
 #include <string>
 
+#include "platform/windows/program_path.h"
+
 namespace kvez {
 namespace {
-
-std::wstring OwnFile() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {
-      path.resize(length);
-      return path;
-    }
-    path.resize(2 * path.size());
-  }
-}
 
 struct Translation {
   WORD language;
@@ -28,7 +18,7 @@ struct Translation {
 
 void WindowsVersionInformation::Read() {
   m_isRead = true;
-  const std::wstring path = OwnFile();
+  const std::wstring path = ProgramPath();
   DWORD ignored = 0;
   m_block.resize(GetFileVersionInfoSizeW(path.c_str(), &ignored));
   if (!m_block.empty() && !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(m_block.size()), m_block.data())) {
