@@ -61,7 +61,7 @@ class ListReader {
       if (plain || kCzechLetters.find(character) != std::wstring_view::npos) continue;
       std::string what = "byte " + HexByte(static_cast<std::uint8_t>(line[i])) + " at position " +
                          std::to_string(i + 1) + " is no character of a Czech list in Windows-1250";
-      if (FromUtf8(m_text)) what += "; the file looks like UTF-8";
+      if (character > 0x7F && FromUtf8(m_text)) what += "; the file looks like UTF-8";
       Fail(what);
     }
     return text;

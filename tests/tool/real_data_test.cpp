@@ -1,0 +1,62 @@
+// The data files that the build makes, as the program finds them.
+
+#include "tests/tool/tool_test.h"
+
+namespace kvez {
+namespace {
+
+class RealDataTest : public ToolTest {
+ protected:
+  RealDataTest() {
+    // Loading expands the files beside themselves; other tests load them too.
+    for (const char* name : {"vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
+      std::filesystem::copy_file(std::filesystem::path(KVEZ_DATA_FOLDER) / name, folder.Path() / name);
+    }
+  }
+
+  std::string Search(const std::wstring& kind, const std::wstring& text) {
+    const ToolRun run = RunCommand({L"search", Path(), kind, text});
+    EXPECT_EQ(run.error, "");
+    return run.out;
+  }
+};
+
+TEST_F(RealDataTest, IsSoundAndComplete) {
+  ExpectSuccess(RunCommand({L"check", Path()}),
+                "municipalities: 17212\npost offices: 2671\ndistricts: 77\n"
+                "municipalities without a post office: 0\nmunicipalities in no listed district: 0\n");
+}
+
+TEST_F(RealDataTest, ListsAreTheTables) {
+  for (const auto& [list, table] : {std::pair(L"municipalities", "obce.csv"), std::pair(L"offices", "posty.csv"),
+                                    std::pair(L"districts", "okresy.csv")}) {
+    std::ifstream stream(std::string(KVEZ_SOURCE_DIR "/data/") + table, std::ios::binary);
+    std::string heading;
+    std::getline(stream, heading);
+    const std::string rows((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    const ToolRun run = RunCommand({L"list", Path(), list});
+    EXPECT_EQ(run.out == rows, true) << table;
+    EXPECT_EQ(run.error, "");
+  }
+}
+
+TEST_F(RealDataTest, PrahaIsFoundThoughTheListHasItsPartsOnly) {
+  const std::string found = Search(L"name", L"Praha*");
+  EXPECT_EQ(found.substr(0, found.find("190")), "Název začíná \"Praha\".\nZadání vyhovuje 202 obcí.\n");
+  EXPECT_NE(found.find("181 00 ; Praha 81 ; Praha-Bohnice (část) ; Hlavní město Praha\n"), std::string::npos);
+}
+
+TEST_F(RealDataTest, BrnoIsFoundUnderTheNamesOfTheList) {
+  const std::string found = Search(L"name", L"Brno");
+  // 72 alias rows and the two of Brno-město.
+  EXPECT_EQ(found.substr(0, found.find("619")), "Název obce \"Brno\".\nZadání vyhovuje 74 obcí.\n");
+  EXPECT_NE(found.find("628 00 ; Brno 28 ; Brno-Líšeň (část) ; Brno-město\n"), std::string::npos);
+}
+
+TEST_F(RealDataTest, DistrictIsFoundWhole) {
+  const std::string found = Search(L"district", L"Jeseník");
+  EXPECT_EQ(found.substr(0, found.find("790")), "Obce v okrese \"Jeseník\".\nZadání vyhovuje 70 obcí.\n");
+}
+
+}  // namespace
+}  // namespace kvez
