@@ -31,7 +31,7 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
   GetClassNameW(window, name, 64);
   const bool isDialog = lstrcmpW(name, kDialogClass) == 0;
   if (isDialog != search.dialog) return TRUE;
-  if (isDialog ? !IsWindowVisible(window) : WindowText(window) != kTitle) return TRUE;
+  if (isDialog ? !IsWindowVisible(window) : KnownText(window) != kTitle) return TRUE;
   search.found = window;
   return FALSE;
 }
@@ -137,6 +137,11 @@ std::wstring WindowText(HWND window) {
   const auto copied = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   text.resize(static_cast<std::size_t>(copied));
   return text;
+}
+
+std::wstring KnownText(HWND window) {
+  wchar_t text[256] = {};
+  return std::wstring(text, static_cast<std::size_t>(InternalGetWindowText(window, text, 256)));
 }
 
 std::wstring StatusText(HWND statusBar, int panel) {

@@ -21,6 +21,8 @@ POINT CentreOf(HWND window);
 
 /// Texts of another process's windows.
 std::wstring WindowText(HWND window);
+/// The same from the system's own memory: also while the program is too busy to answer.
+std::wstring KnownText(HWND window);
 std::wstring StatusText(HWND statusBar, int panel);
 
 /// A message box of the program, or any other of its dialogs.

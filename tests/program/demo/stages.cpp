@@ -34,7 +34,7 @@ bool ClickRow(const Program& program, int list, int row) {
 bool StopWhileLoading(const Program& program) {
   const bool loading = WaitUntil([&] {
     return program.MainWindow() != nullptr && program.IsShown(kPicMPSCPI) &&
-           program.Text(kLblZpravaI) == L"Strpení prosím, vytvářím seznam obcí.";
+           KnownText(program.Control(kLblZpravaI)) == L"Strpení prosím, vytvářím seznam obcí.";
   });
   if (!loading) return false;
   const HANDLE thread =
