@@ -1,0 +1,229 @@
+// Measures the core on the real list, each pair in turn in one run, and prints every figure beside its limit. The best
+// round of each counts, because noise only ever adds.
+//
+//   kvez_bench DATAFOLDER    the folder of vd1.kl_, vd2.kl_, vd3.kl_
+
+#include <malloc.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bench/mspack_memory.h"
+#include "database/windows1250.h"
+#include "platform/portable/szdd.h"
+#include "tests/core/fakes.h"
+#include "tools/loaded_database.h"
+
+namespace {
+
+using namespace kvez;
+using fakes::Bytes;
+
+double Seconds(const std::function<void()>& action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+struct Pair {
+  double first;
+  double second;
+};
+
+// The best of `rounds` of each, taken in turn.
+Pair BestOf(int rounds, const std::function<void()>& first, const std::function<void()>& second) {
+  Pair best{1e9, 1e9};
+  for (int round = 0; round < rounds; ++round) {
+    best.first = std::min(best.first, Seconds(first));
+    best.second = std::min(best.second, Seconds(second));
+  }
+  return best;
+}
+
+void AtLeast(const char* what, double figure, double limit, const char* unit) {
+  std::printf("%-58s %9.2f %-4s at least %6.2f  %s\n", what, figure, unit, limit, figure >= limit ? "ok" : "TOO SLOW");
+}
+
+void AtMost(const char* what, double figure, double limit, const char* unit) {
+  std::printf("%-58s %9.2f %-4s at most  %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO MUCH");
+}
+
+// A list box that keeps nothing: what it costs is the system's, not the core's.
+class CountingList : public ListBox {
+ public:
+  void Clear() override { rows = 0; }
+  void BeginFill(std::size_t, std::size_t) override {}
+  void EndFill() override {}
+  void AddRow(std::wstring_view, std::int32_t) override { ++rows; }
+  int TextWidth(std::wstring_view text) override { return static_cast<int>(text.size()); }
+  void SetHorizontalExtent(int) override {}
+
+  std::size_t rows = 0;
+};
+
+class AllNames : public CountingList {
+ public:
+  void AddRow(std::wstring_view text, std::int32_t) override { names.emplace_back(text); }
+  std::vector<std::wstring> names;
+};
+
+std::string Utf8(const std::wstring& text) {
+  std::string bytes;
+  for (const wchar_t character : text) {
+    const auto code = static_cast<unsigned>(character);
+    if (code < 0x80) {
+      bytes += static_cast<char>(code);
+    } else {
+      bytes += static_cast<char>(0xC0 | (code >> 6));
+      bytes += static_cast<char>(0x80 | (code & 0x3F));
+    }
+  }
+  return bytes;
+}
+
+// SQLite with the same rows in memory, a prepared LIKE over their names.
+class LikeSearch {
+ public:
+  explicit LikeSearch(const std::vector<std::wstring>& names) {
+    sqlite3_open(":memory:", &m_database);
+    sqlite3_exec(m_database, "CREATE TABLE obce(id INTEGER PRIMARY KEY, obec TEXT); BEGIN", nullptr, nullptr, nullptr);
+    sqlite3_stmt* insert = nullptr;
+    sqlite3_prepare_v2(m_database, "INSERT INTO obce(obec) VALUES(?)", -1, &insert, nullptr);
+    for (const std::wstring& name : names) {
+      const std::string bytes = Utf8(name);
+      sqlite3_bind_text(insert, 1, bytes.data(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
+      sqlite3_step(insert);
+      sqlite3_reset(insert);
+    }
+    sqlite3_finalize(insert);
+    sqlite3_exec(m_database, "COMMIT", nullptr, nullptr, nullptr);
+    sqlite3_prepare_v2(m_database, "SELECT id, obec FROM obce WHERE obec LIKE ?", -1, &m_select, nullptr);
+  }
+  LikeSearch(const LikeSearch&) = delete;
+  LikeSearch& operator=(const LikeSearch&) = delete;
+  ~LikeSearch() {
+    sqlite3_finalize(m_select);
+    sqlite3_close(m_database);
+  }
+
+  std::size_t Count(const std::string& pattern) {
+    sqlite3_bind_text(m_select, 1, pattern.data(), static_cast<int>(pattern.size()), SQLITE_TRANSIENT);
+    std::size_t rows = 0;
+    while (sqlite3_step(m_select) == SQLITE_ROW) rows += sqlite3_column_bytes(m_select, 1) > 0 ? 1 : 0;
+    sqlite3_reset(m_select);
+    return rows;
+  }
+
+ private:
+  sqlite3* m_database = nullptr;
+  sqlite3_stmt* m_select = nullptr;
+};
+
+void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names) {
+  LikeSearch like(names);
+  CountingList list;
+  std::wstring description;
+  struct Search {
+    const wchar_t* ours;
+    const char* theirs;
+  };
+  for (const auto& [ours, theirs] : {Search{L"Lednic*", "Lednic%"}, Search{L"*hov", "%hov"},
+                                     Search{L"*mlýn*", "%mlýn%"}, Search{L"Nov*Ves", "Nov%Ves"}}) {
+    std::size_t found = 0;
+    const Pair best = BestOf(
+        50, [&] { database.pscVyberPostu(ours, list, description); }, [&] { found = like.Count(theirs); });
+    const std::string what =
+        "name search " + Utf8(ours) + " (" + std::to_string(list.rows) + " rows, LIKE " + std::to_string(found) + ")";
+    AtLeast(what.c_str(), best.second / best.first, 10, "x");
+  }
+}
+
+void MeasureExpansion(const Bytes& compressed) {
+  std::size_t ours = 0;
+  std::size_t theirs = 0;
+  const Pair best = BestOf(
+      30, [&] { ours = ExpandSzdd(compressed).bytes.size(); }, [&] { theirs = bench::ExpandWithMspack(compressed); });
+  if (ours != theirs) std::printf("the two expansions differ: %zu and %zu bytes\n", ours, theirs);
+  AtLeast("expansion of vd1.kl_ against libmspack", best.second / best.first, 3, "x");
+}
+
+// The list of all municipalities `times` over, on a machine in memory.
+struct Multiplied {
+  Multiplied(const Bytes& municipalities, int times) {
+    Bytes& file = machine.disk.files[L"\\vd1.kl_"];
+    for (int i = 0; i < times; ++i) file.insert(file.end(), municipalities.begin(), municipalities.end());
+  }
+  double Load() {
+    database.pscUvolni();
+    return Seconds([&] { database.pscNacti(progress); });
+  }
+  double Search() {
+    return Seconds([&] { database.pscVyberPostu(L"*mlýn*", list, description); });
+  }
+
+  fakes::Machine machine;
+  fakes::ProgressWindowFake progress;
+  CountingList list;
+  std::wstring description;
+  clspsc database{machine.Platform(), L""};
+};
+
+void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
+  const int times = static_cast<int>(1000000 / rows) + 1;
+  Multiplied real(municipalities, 1);
+  Multiplied million(municipalities, times);
+  Pair load{1e9, 1e9};
+  Pair search{1e9, 1e9};
+  for (int round = 0; round < 5; ++round) {
+    // As many short rounds as one long one takes, so that noise has the same chance in both.
+    for (int i = 0; i < times; ++i) load.first = std::min(load.first, real.Load());
+    load.second = std::min(load.second, million.Load());
+    for (int i = 0; i < times; ++i) search.first = std::min(search.first, real.Search());
+    search.second = std::min(search.second, million.Search());
+  }
+  std::printf("a list of %zu municipalities: loading %.0f ms, searching %.1f ms\n",
+              rows * static_cast<std::size_t>(times), load.second * 1e3, search.second * 1e3);
+  AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
+  AtMost("searching per record, a million against the real list", search.second / search.first / times, 1.5, "x");
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::fprintf(stderr, "usage: kvez_bench DATAFOLDER\n");
+    return 1;
+  }
+  const std::filesystem::path folder = arguments[1];
+  const auto compressed = PortableFiles().Read((folder / "vd1.kl_").wstring());
+  if (!compressed) {
+    std::fprintf(stderr, "There is no vd1.kl_ in %s.\n", arguments[1]);
+    return 1;
+  }
+  const Bytes municipalities = ExpandSzdd(*compressed).bytes;
+
+  const auto before = mallinfo2().uordblks;
+  auto loaded = std::make_unique<LoadedDatabase>(folder);
+  const double mebibytes = static_cast<double>(mallinfo2().uordblks - before) / 1024 / 1024;
+  AllNames all;
+  fakes::ProgressWindowFake progress;
+  loaded->Database().pscVyberVse(all, progress);
+  std::printf("%zu municipalities\n", all.names.size());
+
+  MeasureNameSearch(loaded->Database(), all.names);
+  MeasureExpansion(*compressed);
+  double reading = 1e9;
+  for (int round = 0; round < 20; ++round) {
+    reading = std::min(reading, Seconds([&] { loaded = std::make_unique<LoadedDatabase>(folder); }));
+  }
+  AtMost("reading all three files", reading * 1e3, 5, "ms");
+  MeasureGrowth(municipalities, all.names.size());
+  AtMost("memory of the loaded database", mebibytes, 10, "MiB");
+  return 0;
+}
