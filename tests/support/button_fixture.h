@@ -29,8 +29,6 @@ class ButtonOnScreen : public ::testing::Test {
                                             {L"DC", static_cast<std::int32_t>(kDown)},
                                             {L"FoC", static_cast<std::int32_t>(kFocus)}});
     ASSERT_TRUE(ShowActive(form));
-    // The window manager may still move the window.
-    PumpInput();
     UpdateWindow(button.Handle());
     button.TakeEvents();
     button.TakePaints();

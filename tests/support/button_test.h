@@ -55,6 +55,7 @@ class TestButton : public tlText {
   std::vector<std::string> events;
   std::vector<ShellCall> shellCalls;
   int paints = 0;
+  RECT lastPainted{};  // what the last paint was asked for
 
   /// After Create, which sets the real shell.
   void RecordShell();
@@ -86,7 +87,10 @@ inline void TestButton::RecordShell() {
 }
 
 inline LRESULT TestButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_PAINT) ++paints;
+  if (message == WM_PAINT) {
+    ++paints;
+    GetUpdateRect(Handle(), &lastPainted, FALSE);
+  }
   return tlText::OnMessage(message, wParam, lParam);
 }
 

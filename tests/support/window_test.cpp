@@ -64,9 +64,12 @@ void PumpInput() {
 
 bool ShowActive(forms::Form& form) {
   form.Show();
-  return PumpUntil([&form] {
+  const bool active = PumpUntil([&form] {
     return GetForegroundWindow() == form.Handle() && GetActiveWindow() == form.Handle() && GetFocus() != nullptr;
   });
+  // The window manager may still move the window.
+  PumpInput();
+  return active;
 }
 
 void Press(WORD virtualKey) { SendOne(KeyInput(virtualKey, 0)); }

@@ -315,6 +315,25 @@ TEST(OptionButtonTest, ClickOfThePointerSelectsOnce) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST(OptionButtonTest, ClickThatOnlyTheFocusCausesDoesNotSelect) {
+  TestForm form;
+  TextBox other;
+  OptionButton option;
+  other.Create(form, 1, {0, 600, 1500, 285});
+  option.Create(form, 2, {0, 0, 1500, 285}, L"a");
+  const auto report = [&] {
+    SendMessageW(form.Handle(), WM_COMMAND, MAKEWPARAM(2, BN_CLICKED), reinterpret_cast<LPARAM>(option.Handle()));
+  };
+  ASSERT_TRUE(test::ShowActive(form));
+  // What the system's option button does by itself, on some systems.
+  option.GotFocus = report;
+  option.SetFocus();
+  EXPECT_TRUE(option.HasKeyboardFocus());
+  EXPECT_FALSE(option.Value());
+  report();
+  EXPECT_TRUE(option.Value());
+}
+
 TEST(CheckBoxTest, ChangeOfTheValueRaisesClick) {
   TestForm form;
   Log log;

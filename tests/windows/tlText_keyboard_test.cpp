@@ -24,6 +24,14 @@ TEST_F(TlTextKeyboard, SpacePressesAndReleases) {
   EXPECT_EQ(button.TakeEvents(), Events{"Click"});
 }
 
+TEST_F(TlTextKeyboard, RepeatedSpaceChangesNothing) {
+  button.SetFocus();
+  SendMessageW(button.Handle(), WM_KEYDOWN, VK_SPACE, 0);
+  button.TakePaints();
+  SendMessageW(button.Handle(), WM_KEYDOWN, VK_SPACE, 1 << 30);
+  EXPECT_EQ(button.TakePaints(), 0);
+}
+
 TEST_F(TlTextKeyboard, SpaceReleaseActsEvenWithoutItsPress) {
   test::Press(VK_SPACE);
   button.SetFocus();

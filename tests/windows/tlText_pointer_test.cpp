@@ -67,6 +67,16 @@ TEST_F(TlTextPointer, HoverChangeRepaintsOnce) {
   EXPECT_EQ(button.TakePaints(), 1);
 }
 
+TEST_F(TlTextPointer, HoverChangeAsksForTheInsideUnlessTheBorderComesAndGoes) {
+  test::PointAt(Center());
+  EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().FocusRect));
+  button.SetDEMove(true);
+  test::PointAt(Outside());
+  EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().ClientRect));
+  test::PointAt(Center());
+  EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().ClientRect));
+}
+
 TEST_F(TlTextPointer, ClickTellsItsEventsInOrder) {
   test::PointAt(Center());
   button.TakeEvents();

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "forms/containers.h"
 #include "forms/guard.h"
 #include "forms/text_box.h"
 #include "tests/support/button_test.h"
@@ -290,6 +291,22 @@ TEST_F(TlTextProperties, ShowingSetsTheTabStopUnlessThereIsNoFocusMark) {
   EXPECT_EQ(button.RunTime().IsShown, Boolean(true));
   EXPECT_EQ(host.tabStops, std::vector<bool>{true});
   EXPECT_EQ(secondHost.tabStops, std::vector<bool>{false});
+}
+
+TEST_F(TlTextProperties, ShownMeansSeenWithItsForm) {
+  button.SetVisible(false);
+  button.SetVisible(true);
+  EXPECT_EQ(button.RunTime().IsShown, Boolean(false));
+  forms::PictureBox panel;
+  TestButton inner;
+  panel.Create(form, 2, {150, 600, 3000, 600});
+  panel.SetVisible(false);
+  inner.Create(panel, 3, {0, 0, 1215, 345}, L"b", &host);
+  Show();
+  EXPECT_EQ(button.RunTime().IsShown, Boolean(true));
+  EXPECT_EQ(inner.RunTime().IsShown, Boolean(false));
+  panel.SetVisible(true);
+  EXPECT_EQ(inner.RunTime().IsShown, Boolean(true));
 }
 
 /// A bag that writes down what is asked of it.
