@@ -119,7 +119,8 @@ bool CheckBox::AccessKeyPress(std::int16_t) {
 }
 
 void CheckBox::OnCommand(UINT notification) {
-  if (notification == BN_CLICKED) SetValue(Value() == 0 ? 1 : 0);
+  // The second of two quick clicks comes as a double click, and is a click all the same.
+  if (notification == BN_CLICKED || notification == BN_DBLCLK) SetValue(Value() == 0 ? 1 : 0);
 }
 
 }  // namespace kvez::forms

@@ -9,9 +9,6 @@ namespace {
 
 constexpr const wchar_t* kSettings = L"Software\\VB and VBA Program Settings\\VD";
 
-// The build names folders as the machine that builds does; its root is drive Z here.
-std::filesystem::path Native(const char* path) { return std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path; }
-
 std::wstring FromUtf8(const std::string& bytes) {
   const int length = static_cast<int>(bytes.size());
   std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0)), L'\0');
@@ -20,6 +17,9 @@ std::wstring FromUtf8(const std::string& bytes) {
 }
 
 }  // namespace
+
+// The root of the machine that builds is drive Z here.
+std::filesystem::path Native(const char* path) { return std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path; }
 
 std::vector<TableRow> ReadTable(const char* name) {
   std::ifstream stream(Native(KVEZ_SOURCE_DIR) / "data" / name);
@@ -69,6 +69,14 @@ void ProgramTest::MoveFolder(const std::filesystem::path& folder) {
 void ProgramTest::SaveSetting(const std::wstring& key, const std::wstring& value) {
   RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(kSettings) + L"\\VDKVEZ").c_str(), key.c_str(), REG_SZ,
                   value.c_str(), static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+}
+
+std::wstring ProgramTest::ReadSetting(const std::wstring& key) {
+  wchar_t text[64] = {};
+  DWORD bytes = sizeof text;
+  const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, (std::wstring(kSettings) + L"\\VDKVEZ").c_str(), key.c_str(),
+                                      RRF_RT_REG_SZ, nullptr, text, &bytes);
+  return status == ERROR_SUCCESS ? text : L"(none)";
 }
 
 bool ProgramTest::HasNoExpandedFiles() const {

@@ -11,6 +11,9 @@
 
 namespace kvez::test {
 
+/// A folder that the build names, as a path of this system.
+std::filesystem::path Native(const char* path);
+
 /// One row of a table of data/.
 using TableRow = std::vector<std::wstring>;
 
@@ -32,6 +35,9 @@ class ProgramTest : public ::testing::Test {
 
   /// Writes a value of the settings branch, as the settings window does.
   static void SaveSetting(const std::wstring& key, const std::wstring& value);
+
+  /// What is stored there; "(none)" when nothing is.
+  static std::wstring ReadSetting(const std::wstring& key);
 
   /// No expanded data file lies in the folder.
   bool HasNoExpandedFiles() const;
