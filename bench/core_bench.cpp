@@ -62,6 +62,8 @@ void AtMost(const char* what, double figure, double limit, const char* unit) {
   std::printf("%-58s %9.2f %-4s at most  %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO MUCH");
 }
 
+std::string Microseconds(double seconds) { return std::to_string(static_cast<int>(seconds * 1e6 + 0.5)) + " us"; }
+
 // A list box that keeps nothing: what it costs is the system's, not the core's.
 class CountingList : public ListBox {
  public:
@@ -141,8 +143,9 @@ void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names)
     const wchar_t* ours;
     const char* theirs;
   };
-  for (const auto& [ours, theirs] : {Search{L"Lednic*", "Lednic%"}, Search{L"*hov", "%hov"},
-                                     Search{L"*mlýn*", "%mlýn%"}, Search{L"Nov*Ves", "Nov%Ves"}}) {
+  for (const auto& [ours, theirs] :
+       {Search{L"Lhota", "Lhota"}, Search{L"Praha*", "Praha%"}, Search{L"Lednic*", "Lednic%"}, Search{L"*hov", "%hov"},
+        Search{L"*mlýn*", "%mlýn%"}, Search{L"Nov*Ves", "Nov%Ves"}}) {
     std::size_t found = 0;
     const Pair best = BestOf(
         50, [&] { database.pscVyberPostu(ours, list, description); }, [&] { found = like.Count(theirs); });
@@ -171,8 +174,8 @@ struct Multiplied {
     database.pscUvolni();
     return Seconds([&] { database.pscNacti(progress); });
   }
-  double Search() {
-    return Seconds([&] { database.pscVyberPostu(L"*mlýn*", list, description); });
+  double Search(const wchar_t* text) {
+    return Seconds([&] { database.pscVyberPostu(text, list, description); });
   }
 
   fakes::Machine machine;
@@ -187,18 +190,25 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
   Multiplied real(municipalities, 1);
   Multiplied million(municipalities, times);
   Pair load{1e9, 1e9};
-  Pair search{1e9, 1e9};
   for (int round = 0; round < 5; ++round) {
     // As many short rounds as one long one takes, so that noise has the same chance in both.
     for (int i = 0; i < times; ++i) load.first = std::min(load.first, real.Load());
     load.second = std::min(load.second, million.Load());
-    for (int i = 0; i < times; ++i) search.first = std::min(search.first, real.Search());
-    search.second = std::min(search.second, million.Search());
   }
-  std::printf("a list of %zu municipalities: loading %.0f ms, searching %.1f ms\n",
-              rows * static_cast<std::size_t>(times), load.second * 1e3, search.second * 1e3);
+  std::printf("a list of %zu municipalities: loading %.0f ms\n", rows * static_cast<std::size_t>(times),
+              load.second * 1e3);
   AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
-  AtMost("searching per record, a million against the real list", search.second / search.first / times, 1.5, "x");
+  // Each mode reads the names in its own way, and one that keeps the limit says nothing about the others.
+  for (const wchar_t* text : {L"Lhota", L"Lednic*", L"*ves", L"*mlýn*", L"Nov*Ves"}) {
+    Pair search{1e9, 1e9};
+    for (int round = 0; round < 5; ++round) {
+      for (int i = 0; i < times; ++i) search.first = std::min(search.first, real.Search(text));
+      search.second = std::min(search.second, million.Search(text));
+    }
+    const std::string what = "searching per record, " + Utf8(text) + " (" + Microseconds(search.first) + ", " +
+                             Microseconds(search.second) + ")";
+    AtMost(what.c_str(), search.second / search.first / times, 1.5, "x");
+  }
 }
 
 }  // namespace
