@@ -4,7 +4,6 @@
 
 #include "platform/downloader.h"
 #include "platform/help_viewer.h"
-#include "platform/version_information.h"
 #include "settings/clszastupce.h"
 
 namespace kvez {
@@ -14,7 +13,6 @@ namespace kvez {
 struct CommandServices {
   Downloader& downloader;
   HelpViewer& help;
-  VersionInformation& version;
   ShortcutPlatform shortcut;
 
   /// Without a trailing separator.

@@ -8,8 +8,9 @@ namespace kvez {
 void frmhlavni::tlHOaplikaci_Click() {
   for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHOaplikaci, &tlHNastaveni}) button->SetEnabled(false);
   Label1to3[0].SetCaption(L"Název: " + std::wstring(kApplicationTitle));
-  Label1to3[1].SetCaption(L"Verze: " + m_services.version.ProductVersion());
-  Label1to3[2].SetCaption(m_services.version.ProductName());
+  VersionInformation& version = m_platform.output.version;
+  Label1to3[1].SetCaption(L"Verze: " + version.ProductVersion());
+  Label1to3[2].SetCaption(version.ProductName());
   fraMPSCO.SetVisible(true);
   Text1.SetFocus();
 }

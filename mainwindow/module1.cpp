@@ -59,7 +59,7 @@ class Module1 {
   Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats, m_output.Services()}; }
 
   CommandServices Commands() {
-    return {m_downloader, m_help, m_version, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
+    return {m_downloader, m_help, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
   }
 
   // First and so gone last: the objects of others need it.

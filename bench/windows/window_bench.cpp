@@ -122,7 +122,7 @@ void MeasureWindow(const std::wstring& exe) {
   WindowsShell shell;
   WindowsAutomation automation;
   frmhlavni window(database, platform, clock,
-                   {downloader, help, version, {settings, shell, automation, std::wstring(), std::wstring()}});
+                   {downloader, help, {settings, shell, automation, std::wstring(), std::wstring()}});
   window.Load();
   forms::DoEvents();
 

@@ -34,23 +34,15 @@ class FakeHelpViewer : public HelpViewer {
   int closings = 0;
 };
 
-class FakeVersionInformation : public VersionInformation {
- public:
-  std::wstring LegalNotice() override { return L"© 2026 vývojáři programu Kvez, licence MIT"; }
-  std::wstring ProductName() override { return L"VDKVEZ"; }
-  std::wstring ProductVersion() override { return L"1.2.3"; }
-};
-
 /// All that the commands ask of the machine.
 struct CommandFakes {
   FakeDownloader downloader;
   FakeHelpViewer help;
-  FakeVersionInformation version;
   FakeShell shell;
   FakeAutomation automation;
 
   CommandServices Services(SettingsStore& settings, const std::wstring& programFolder) {
-    return {downloader, help, version, {settings, shell, automation, programFolder, L"kvez"}};
+    return {downloader, help, {settings, shell, automation, programFolder, L"kvez"}};
   }
 };
 

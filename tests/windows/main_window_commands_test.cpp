@@ -91,8 +91,8 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   Click(window.tlHOaplikaci);
   EXPECT_TRUE(window.fraMPSCO.Visible());
   EXPECT_EQ(window.Label1to3[0].Caption(), L"Název: Kvez");
-  EXPECT_EQ(window.Label1to3[1].Caption(), L"Verze: 1.2.3");
-  EXPECT_EQ(window.Label1to3[2].Caption(), L"VDKVEZ");
+  EXPECT_EQ(window.Label1to3[1].Caption(), L"Verze: 1.0");
+  EXPECT_EQ(window.Label1to3[2].Caption(), L"Kvez");
   for (const tlText* button :
        {&window.tlHAktualizace, &window.tlHVyhledej, &window.tlHOaplikaci, &window.tlHNastaveni}) {
     EXPECT_FALSE(button->Enabled().IsTrue());
