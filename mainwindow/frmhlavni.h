@@ -32,7 +32,8 @@ enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 
 enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
 
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
-/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_update (what
+/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_menu (handing the
+/// result out), frmhlavni_update (what
 /// reaches the internet), frmhlavni_about (the About panel), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
@@ -115,6 +116,15 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowDistrict();
   void LeaveTypingModes();
 
+  // frmhlavni_menu
+  void VytvorNabidku();
+  void lstMPSC_MouseUp(std::size_t index, std::int16_t button, std::int16_t shift, float xTwips, float yTwips);
+  void lstMPSC_ContextMenuKey();
+  bool SaysThatListIsEmpty();
+  void ShowListMenu(POINT screen);
+  void RunListCommand(unsigned command);
+  void PrintList(const std::wstring& heading);
+
   // frmhlavni_update
   void tlHAktualizace_Click();
   void tlHNapoveda_Click();
@@ -143,6 +153,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   Platform m_platform;
   CommandServices m_services;
   StatusBar m_statusBar;
+  OwnedMenu m_listMenu;
   MessageTimer m_messageTimer;
   std::unique_ptr<frmnastaveni> m_settingsWindow;
   ListBoxAdapter m_allList{lstMPSC[kListAll]};

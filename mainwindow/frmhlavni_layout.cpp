@@ -211,7 +211,11 @@ void frmhlavni::BindEvents() {
   for (std::size_t i = 0; i < lstMPSC.size(); ++i) {
     lstMPSC[i].Click = [this, i] { lstMPSC_Click(i); };
     lstMPSC[i].MouseMove = [this, i](std::int16_t&, std::int16_t&, float& x, float& y) { lstMPSC_MouseMove(i, x, y); };
+    lstMPSC[i].MouseUp = [this, i](std::int16_t& button, std::int16_t& shift, float& x, float& y) {
+      lstMPSC_MouseUp(i, button, shift, x, y);
+    };
   }
+  lstMPSC[kListResult].ContextMenuKey = [this] { lstMPSC_ContextMenuKey(); };
   tmrMPSC.Elapsed = [this] { tmrMPSC_Timer(); };
   tlHVyhledej.Click = [this] { tlHVyhledej_Click(); };
   tlHObcePSC.Click = [this] { tlHObcePSC_Click(); };

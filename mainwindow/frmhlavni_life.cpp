@@ -11,6 +11,7 @@ namespace kvez {
 void frmhlavni::Form_Load() {
   SetCaption(kApplicationTitle);
   m_statusBar.Create(Handle(), false);
+  VytvorNabidku();
   Titul();
   for (tlText* button : {&tlHWWW, &tlHPCInfo, &tlHStorno}) button->SetFocusDraw(tlHMeil.FocusDraw());
   CentreMessagePanel();
@@ -117,6 +118,7 @@ void frmhlavni::Form_Unload(std::int16_t& cancel) {
   if (m_settingsWindow) m_settingsWindow->Unload();
   Hide();
   forms::DoEvents();
+  m_listMenu.Reset();
   m_database.pscUvolni();
   // A wish that cannot be read must not keep a window that nobody sees any more.
   forms::Guarded([this] { clszastupce(m_services.shortcut).zStop(); });

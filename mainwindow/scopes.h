@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/control.h"
 #include "forms/mouse_pointer.h"
 
 namespace kvez {
@@ -11,6 +12,18 @@ class HourglassScope {
   HourglassScope(const HourglassScope&) = delete;
   HourglassScope& operator=(const HourglassScope&) = delete;
   ~HourglassScope() { forms::Screen::SetMousePointer(forms::kPointerDefault); }
+};
+
+/// A control that is shown for as long as the object lives.
+class VisibleScope {
+ public:
+  explicit VisibleScope(forms::Control& control) : m_control(control) { m_control.SetVisible(true); }
+  VisibleScope(const VisibleScope&) = delete;
+  VisibleScope& operator=(const VisibleScope&) = delete;
+  ~VisibleScope() { m_control.SetVisible(false); }
+
+ private:
+  forms::Control& m_control;
 };
 
 /// A flag that is true for as long as the object lives.

@@ -4,7 +4,7 @@
 
 namespace kvez {
 
-/// The shell's folder dialog. The calling thread has initialised OLE.
+/// The shell's folder dialog. The calling thread has initialised COM.
 class WindowsFolderDialog : public FolderDialog {
  public:
   std::optional<std::wstring> Browse(std::wstring_view prompt) override;

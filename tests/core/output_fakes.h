@@ -24,7 +24,12 @@ class ClockFake : public Clock {
 class PendingMessagesFake : public PendingMessages {
  public:
   explicit PendingMessagesFake(std::vector<std::wstring>& log) : m_log(log) {}
-  void Process() override { m_log.push_back(L"pending messages"); }
+  void Process() override {
+    m_log.push_back(L"pending messages");
+    if (onProcess) onProcess();
+  }
+
+  std::function<void()> onProcess;  // what the world looks like while the windows catch up
 
  private:
   std::vector<std::wstring>& m_log;

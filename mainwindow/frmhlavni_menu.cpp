@@ -1,0 +1,77 @@
+// The result list's menu and its commands.
+
+#include <algorithm>
+
+#include "database/application.h"
+#include "mainwindow/frmhlavni.h"
+#include "mainwindow/list_menu.h"
+#include "mainwindow/scopes.h"
+
+namespace kvez {
+
+void frmhlavni::VytvorNabidku() { m_listMenu = CreateListMenu(); }
+
+void frmhlavni::lstMPSC_MouseUp(std::size_t index, std::int16_t button, std::int16_t /*shift*/, float /*xTwips*/,
+                                float /*yTwips*/) {
+  // An empty list says so whatever the button was.
+  if (index != kListResult || SaysThatListIsEmpty()) return;
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  if (button == forms::kRightButton) ShowListMenu(pointer);
+}
+
+void frmhlavni::lstMPSC_ContextMenuKey() {
+  if (SaysThatListIsEmpty()) return;
+  const HWND list = lstMPSC[kListResult].Handle();
+  // Under the selected row, or under the list's upper edge when none is selected or it is scrolled out of sight.
+  RECT row{};
+  RECT client{};
+  GetClientRect(list, &client);
+  const LRESULT selected = SendMessageW(list, LB_GETCURSEL, 0, 0);
+  if (selected >= 0) SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&row));
+  const bool isInSight = row.bottom > client.top && row.bottom <= client.bottom;
+  POINT place = {client.left, isInSight ? row.bottom : client.top};
+  ClientToScreen(list, &place);
+  ShowListMenu(place);
+}
+
+bool frmhlavni::SaysThatListIsEmpty() {
+  if (lstMPSC[kListResult].ListCount() > 0) return false;
+  m_platform.messages.Show(L"Seznam je prázdný.", MessageIcon::Information, kApplicationTitle);
+  return true;
+}
+
+void frmhlavni::ShowListMenu(POINT screen) {
+  const int chosen = TrackPopupMenu(m_listMenu.Get(), TPM_RETURNCMD, screen.x, screen.y, 0, Handle(), nullptr);
+  RunListCommand(static_cast<unsigned>(chosen));
+}
+
+void frmhlavni::RunListCommand(unsigned command) {
+  const std::wstring_view question = ListQuestion(command);
+  if (question.empty() || !m_platform.messages.Ask(question, kApplicationTitle)) return;
+  const std::wstring heading = lblMPSCN.Caption();
+  switch (command) {
+    case kListPrint:
+      PrintList(heading);
+      break;
+    case kListExport:
+      m_database.pExport(heading);
+      break;
+    case kListCopy:
+      m_database.pClipboard(heading);
+      break;
+    case kListMail:
+      m_database.pMail(heading);
+      break;
+  }
+}
+
+void frmhlavni::PrintList(const std::wstring& heading) {
+  const HourglassScope hourglass;
+  const VisibleScope panel(picMPSCPI);
+  BeginStep(L"Strpení prosím, připravuji tisk.");
+  m_database.pTisk(heading, *this);
+  picZpravaI.Cls();
+}
+
+}  // namespace kvez

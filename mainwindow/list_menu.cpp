@@ -1,0 +1,43 @@
+#include "mainwindow/list_menu.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/windows/system_code_page.h"
+
+namespace kvez {
+
+std::span<const ListMenuRow> ListMenuRows() {
+  static constexpr unsigned kString = 0;
+  static constexpr unsigned kShownOnly = MF_GRAYED | MF_DISABLED;
+  static constexpr ListMenuRow rows[] = {
+      {kListPrint, kString, L"Tisk", L"Přejete si seznam vybraných obcí vytisknout ?"},
+      {kListExport, kString, L"Export", L"Přejete si seznam vybraných obcí exportovat do souboru ?"},
+      {3, MF_SEPARATOR, L"", L""},
+      {kListCopy, kString, L"Uložit do schránky", L"Přejete si seznam vybraných obcí vložit do schránky ?"},
+      {kListMail, kString, L"Poslat e-mailem", L"Přejete si seznam vybraných obcí zaslat e-mailem ?"},
+      {6, MF_SEPARATOR, L"", L""},
+      {7, kShownOnly, L"Adresář", L""},
+      {8, kShownOnly, L"Základní školy", L""},
+  };
+  return rows;
+}
+
+OwnedMenu CreateListMenu() {
+  OwnedMenu menu(CreatePopupMenu());
+  for (const ListMenuRow& row : ListMenuRows()) {
+    const std::string text = ToSystemCodePage(row.text);
+    const bool isSeparator = row.flags == MF_SEPARATOR;
+    if (!AppendMenuA(menu.Get(), row.flags, row.id, isSeparator ? nullptr : text.c_str())) {
+      throw std::runtime_error("The system makes no menu.");
+    }
+  }
+  return menu;
+}
+
+std::wstring_view ListQuestion(unsigned command) {
+  const auto found = std::ranges::find(ListMenuRows(), command, &ListMenuRow::id);
+  return found == ListMenuRows().end() ? std::wstring_view() : found->question;
+}
+
+}  // namespace kvez

@@ -1,0 +1,297 @@
+// The result list's menu: its rows, its two ways in, its questions and what they lead to.
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <utility>
+
+#include "forms/mouse_pointer.h"
+#include "mainwindow/list_menu.h"
+#include "tests/support/program_driver.h"
+#include "tests/support/window_test.h"
+#include "tests/windows/main_window_test.h"
+
+namespace kvez {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Message = fakes::MessageDialogFake::Message;
+using Question = fakes::MessageDialogFake::Question;
+
+/// What a menu looked like while it was open.
+struct SeenMenu {
+  int times = 0;
+  HMENU menu = nullptr;
+  RECT bounds{};
+  std::vector<std::wstring> rows;  // "4 Text", a grey one "7 (Text)", a separator "3 -"
+};
+
+std::vector<std::wstring> ReadRows(HMENU menu) {
+  std::vector<std::wstring> rows;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    wchar_t text[64] = {};
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_ID | MIIM_FTYPE | MIIM_STATE | MIIM_STRING;
+    item.dwTypeData = text;
+    item.cch = 64;
+    GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &item);
+    const bool isGrey = (item.fState & MFS_GRAYED) == MFS_GRAYED;
+    const std::wstring shown = isGrey ? L"(" + std::wstring(text) + L")" : text;
+    rows.push_back(std::to_wstring(item.wID) + L" " + ((item.fType & MFT_SEPARATOR) != 0 ? L"-" : shown));
+  }
+  return rows;
+}
+
+/// Looks at each menu of this process that opens, and presses keys in it. The menu has a message loop of its own, in
+/// which only a timer gets a turn.
+class MenuWatcher {
+ public:
+  explicit MenuWatcher(std::vector<WORD> keys) : m_keys(std::move(keys)) {
+    theWatcher = this;
+    m_timer = SetTimer(nullptr, 0, 10, &Look);
+  }
+  MenuWatcher(const MenuWatcher&) = delete;
+  MenuWatcher& operator=(const MenuWatcher&) = delete;
+  ~MenuWatcher() {
+    KillTimer(nullptr, m_timer);
+    theWatcher = nullptr;
+  }
+
+  SeenMenu seen;
+
+ private:
+  static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) {
+    constexpr UINT kGetMenu = 0x01E1;
+    const HWND window = FindWindowW(L"#32768", nullptr);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (window == nullptr || !IsWindowVisible(window) || process != GetCurrentProcessId()) {
+      theWatcher->m_isOpen = false;
+      return;
+    }
+    if (std::exchange(theWatcher->m_isOpen, true)) return;
+    SeenMenu& seen = theWatcher->seen;
+    ++seen.times;
+    seen.menu = reinterpret_cast<HMENU>(SendMessageW(window, kGetMenu, 0, 0));
+    seen.rows = ReadRows(seen.menu);
+    GetWindowRect(window, &seen.bounds);
+    for (const WORD key : theWatcher->m_keys) test::PressKey(key);
+  }
+
+  static inline MenuWatcher* theWatcher = nullptr;
+  std::vector<WORD> m_keys;
+  bool m_isOpen = false;
+  UINT_PTR m_timer;
+};
+
+class MainWindowMenu : public MainWindowTest {
+ protected:
+  frmhlavni& OpenWithResult(const wchar_t* search = L"*e*") {
+    frmhlavni& window = Open();
+    EXPECT_TRUE(test::ShowActive(window));
+    window.txtMPSC[0].SetText(search);
+    window.VyhledejSeznam();
+    return window;
+  }
+
+  /// A click on a list: the pointer is there, the messages come as from the real button.
+  static SeenMenu Click(forms::ListBox& list, bool right, std::vector<WORD> keys) {
+    MenuWatcher watcher(std::move(keys));
+    test::PointAt(test::OnScreen(list.Handle(), 30, 12));
+    const LPARAM place = MAKELPARAM(30, 12);
+    SendMessageW(list.Handle(), right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, place);
+    SendMessageW(list.Handle(), right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, place);
+    return watcher.seen;
+  }
+  SeenMenu RightClick(std::vector<WORD> keys) { return Click(m_window->lstMPSC[kListResult], true, std::move(keys)); }
+
+  /// Chooses the row that so many steps down lead to.
+  SeenMenu Choose(int steps) {
+    std::vector<WORD> keys(static_cast<std::size_t>(steps), VK_DOWN);
+    keys.push_back(VK_RETURN);
+    return RightClick(keys);
+  }
+
+  const std::wstring kListOfTwo =
+      L"Název obsahuje \"e\".\r\n\r\nPSČ ; POŠTA ; OBEC ; OKRES\r\n"
+      L"\r\n691 44 ; Lednice na Moravě ; Lednice ; Břeclav"
+      L"\r\n691 42 ; Valtice ; Valtice ; Břeclav"
+      L"\r\n\r\n\r\npondělí, 16.listopad 2026 00:50\r\n\r\n\r\nKvez, © Hora";
+};
+
+TEST_F(MainWindowMenu, HasEightRows) {
+  OpenWithResult();
+  const SeenMenu menu = RightClick({VK_ESCAPE});
+  EXPECT_THAT(menu.rows, ElementsAre(L"1 Tisk", L"2 Export", L"3 -", L"4 Uložit do schránky", L"5 Poslat e-mailem",
+                                     L"6 -", L"7 (Adresář)", L"8 (Základní školy)"));
+}
+
+TEST_F(MainWindowMenu, OpensAtThePointer) {
+  frmhlavni& window = OpenWithResult();
+  const SeenMenu menu = RightClick({VK_ESCAPE});
+  const POINT pointer = test::OnScreen(window.lstMPSC[kListResult].Handle(), 30, 12);
+  EXPECT_EQ(menu.times, 1);
+  EXPECT_EQ(menu.bounds.left, pointer.x);
+  EXPECT_EQ(menu.bounds.top, pointer.y);
+}
+
+TEST_F(MainWindowMenu, IsBuiltOnceAndDestroyedAtTheEnd) {
+  frmhlavni& window = OpenWithResult();
+  const HMENU first = RightClick({VK_ESCAPE}).menu;
+  EXPECT_EQ(RightClick({VK_ESCAPE}).menu, first);
+  m_machine.messages.answers = {true};
+  window.Unload();
+  EXPECT_FALSE(IsMenu(first));
+}
+
+TEST_F(MainWindowMenu, RunsNothingWhenItIsDismissed) {
+  OpenWithResult();
+  EXPECT_EQ(RightClick({VK_ESCAPE}).times, 1);
+  EXPECT_THAT(m_machine.messages.questions, IsEmpty());
+}
+
+TEST_F(MainWindowMenu, GreyRowsCannotBeChosen) {
+  OpenWithResult();
+  // The one above the first row is the last row.
+  EXPECT_EQ(RightClick({VK_UP, VK_RETURN, VK_ESCAPE}).times, 1);
+  EXPECT_EQ(RightClick({VK_UP, VK_UP, VK_RETURN, VK_ESCAPE}).times, 1);
+  EXPECT_THAT(m_machine.messages.questions, IsEmpty());
+}
+
+TEST_F(MainWindowMenu, TheLeftButtonOpensNothing) {
+  frmhlavni& window = OpenWithResult();
+  EXPECT_EQ(Click(window.lstMPSC[kListResult], false, {VK_ESCAPE}).times, 0);
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+}
+
+TEST_F(MainWindowMenu, TheOtherListsHaveNone) {
+  frmhlavni& window = OpenWithResult();
+  EXPECT_EQ(Click(window.lstMPSC[kListAll], true, {VK_ESCAPE}).times, 0);
+  window.optMPSC[kModeDistrict].SetValue(true);
+  EXPECT_EQ(Click(window.lstMPSC[kListDistricts], true, {VK_ESCAPE}).times, 0);
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+}
+
+TEST_F(MainWindowMenu, AnEmptyListSaysSoInstead) {
+  frmhlavni& window = OpenWithResult(L"x*");
+  const Message empty{L"Seznam je prázdný.", MessageIcon::Information, L"Kvez"};
+  EXPECT_EQ(RightClick({VK_ESCAPE}).times, 0);
+  EXPECT_THAT(m_machine.messages.messages, ElementsAre(empty));
+  EXPECT_EQ(Click(window.lstMPSC[kListResult], false, {VK_ESCAPE}).times, 0);
+  EXPECT_THAT(m_machine.messages.messages, ElementsAre(empty, empty)) << "whatever the button";
+  SendMessageW(window.lstMPSC[kListResult].Handle(), WM_CONTEXTMENU, 0, -1);
+  EXPECT_THAT(m_machine.messages.messages, ElementsAre(empty, empty, empty)) << "by the keyboard too";
+}
+
+TEST_F(MainWindowMenu, AsksBeforeEachCommandAndDoesNothingOnNo) {
+  OpenWithResult();
+  for (int steps = 1; steps <= 4; ++steps) Choose(steps);
+  EXPECT_THAT(m_machine.messages.questions,
+              ElementsAre(Question{L"Přejete si seznam vybraných obcí vytisknout ?", L"Kvez"},
+                          Question{L"Přejete si seznam vybraných obcí exportovat do souboru ?", L"Kvez"},
+                          Question{L"Přejete si seznam vybraných obcí vložit do schránky ?", L"Kvez"},
+                          Question{L"Přejete si seznam vybraných obcí zaslat e-mailem ?", L"Kvez"}));
+  EXPECT_EQ(m_machine.output.printer.uses, 0);
+  EXPECT_THAT(m_machine.output.textFiles.texts, IsEmpty());
+  EXPECT_THAT(m_machine.output.clipboard.texts, IsEmpty());
+  EXPECT_THAT(m_machine.output.mail.sent, IsEmpty());
+}
+
+TEST_F(MainWindowMenu, ExportsTheListUnderItsHeading) {
+  OpenWithResult();
+  m_machine.messages.answers = {true};
+  m_machine.output.folders.answers = {L"C:\\Data"};
+  Choose(2);
+  EXPECT_EQ(m_machine.output.textFiles.texts[L"C:\\Data\\vdkvez.txt"], kListOfTwo);
+}
+
+TEST_F(MainWindowMenu, CopiesTheListUnderItsHeading) {
+  OpenWithResult();
+  m_machine.messages.answers = {true};
+  Choose(3);
+  EXPECT_THAT(m_machine.output.clipboard.texts, ElementsAre(kListOfTwo));
+}
+
+TEST_F(MainWindowMenu, MailsTheListUnderItsHeading) {
+  OpenWithResult();
+  m_machine.messages.answers = {true};
+  Choose(4);
+  EXPECT_EQ(m_machine.output.textFiles.texts[L"C:\\Kvez\\meil.txt"], kListOfTwo);
+  ASSERT_EQ(m_machine.output.mail.sent.size(), 1U);
+  EXPECT_EQ(m_machine.output.mail.sent[0].displayNames, L"Název obsahuje \"e\".");
+}
+
+TEST_F(MainWindowMenu, ShowsThePanelWhileItPrints) {
+  frmhlavni& window = OpenWithResult();
+  bool isShown = false;
+  std::wstring message;
+  std::int16_t pointer = 0;
+  m_machine.output.pendingMessages.onProcess = [&] {
+    isShown = window.picMPSCPI.Visible();
+    message = window.lblZpravaI.Caption();
+    pointer = forms::Screen::MousePointer();
+  };
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_TRUE(isShown);
+  EXPECT_EQ(message, L"Strpení prosím, připravuji tisk.");
+  EXPECT_EQ(pointer, forms::kPointerHourglass);
+  EXPECT_FALSE(window.picMPSCPI.Visible());
+  EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerDefault);
+  EXPECT_EQ(m_machine.output.printer.documents, 1);
+  EXPECT_EQ(m_machine.output.printer.TextsAt(1, 0), (std::vector<std::wstring>{L"Název obsahuje \"e\"."}));
+}
+
+TEST_F(MainWindowMenu, HidesThePanelAfterAPrinterThatFails) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.output.printer.failsAtUse = 20;
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_FALSE(window.picMPSCPI.Visible());
+  EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerDefault);
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+  EXPECT_EQ(m_machine.output.printer.discarded, 1);
+}
+
+class MainWindowMenuKeys : public MainWindowMenu {
+ protected:
+  // The second way in, by a real key.
+  SeenMenu PressInList(const std::function<void()>& press) {
+    m_window->lstMPSC[kListResult].SetFocus();
+    MenuWatcher watcher({VK_ESCAPE});
+    press();
+    EXPECT_TRUE(test::PumpUntil([&] { return watcher.seen.times > 0; }));
+    return watcher.seen;
+  }
+};
+
+TEST_F(MainWindowMenuKeys, OpenItUnderTheSelectedRow) {
+  frmhlavni& window = OpenWithResult();
+  forms::ListBox& list = window.lstMPSC[kListResult];
+  list.SetListIndex(1);
+  RECT row{};
+  SendMessageW(list.Handle(), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
+  const POINT expected = test::OnScreen(list.Handle(), 0, row.bottom);
+  const SeenMenu byMenuKey = PressInList([] { test::PressKey(VK_APPS); });
+  EXPECT_EQ(byMenuKey.bounds.left, expected.x);
+  EXPECT_EQ(byMenuKey.bounds.top, expected.y);
+  const SeenMenu byShiftF10 = PressInList([] { test::PressKey(VK_F10, false, true); });
+  EXPECT_EQ(byShiftF10.bounds.left, expected.x);
+  EXPECT_EQ(byShiftF10.bounds.top, expected.y);
+}
+
+TEST_F(MainWindowMenuKeys, OpenItAtTheListsEdgeWithoutASelection) {
+  frmhlavni& window = OpenWithResult();
+  const POINT expected = test::OnScreen(window.lstMPSC[kListResult].Handle(), 0, 0);
+  const SeenMenu menu = PressInList([] { test::PressKey(VK_APPS); });
+  EXPECT_EQ(menu.bounds.left, expected.x);
+  EXPECT_EQ(menu.bounds.top, expected.y);
+}
+
+TEST(ListMenu, AsksNothingForNumbersThatAreNoCommands) {
+  for (const unsigned number : {0U, 3U, 6U, 7U, 8U, 9U}) EXPECT_EQ(ListQuestion(number), L"");
+}
+
+}  // namespace
+}  // namespace kvez
