@@ -20,6 +20,14 @@ constexpr int kPostalTextLength = 6;
 // Setting 2: the light-blue field searches by itself some time after the last key was released.
 constexpr std::int16_t kSearchWhileTyping = 2;
 
+void EditByKey(const forms::TextBox& box, std::int16_t keyCode) {
+  constexpr std::array<std::pair<int, UINT>, 4> kCommands = {
+      {{'C', WM_COPY}, {'X', WM_CUT}, {'V', WM_PASTE}, {'Z', WM_UNDO}}};
+  for (const auto& [key, command] : kCommands) {
+    if (key == keyCode) SendMessageW(box.Handle(), command, 0, 0);
+  }
+}
+
 }  // namespace
 
 void frmhlavni::optMPSC_Click(std::size_t index) {
@@ -67,7 +75,9 @@ void frmhlavni::txtMPSC_Change(std::size_t index) {
   if (m_postalMode && !text.empty() && !IsPostalText(text)) box.SetText(L"");
 }
 
-void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t /*shift*/) {
+void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift) {
+  // The filter of PSČ mode swallows the control characters of the clipboard keys, too: their work is done here.
+  if (m_postalMode && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
   if (keyCode == kKeyShift && (m_postalMode || m_nameMode)) txtMPSC[index == 0 ? 1 : 0].SetFocus();
   if (index == 0) {
     if (keyCode != kKeyEnter) return;

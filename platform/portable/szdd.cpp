@@ -5,6 +5,8 @@
 #include <cstring>
 #include <limits>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace kvez {
 namespace {
@@ -89,8 +91,12 @@ bool Expander::CopyChecked() {
   const Match match = DecodeMatch(&m_in[m_read], m_written);
   const std::size_t left = m_out.size() - m_written;
   if (match.length > left) {
-    return Fail(m_read, "a match of " + std::to_string(match.length) + " bytes where at most " + std::to_string(left) +
-                            " were expected before the declared length");
+    std::string expected = "a match of ";
+    expected += std::to_string(match.length);
+    expected += " bytes where at most ";
+    expected += std::to_string(left);
+    expected += " were expected before the declared length";
+    return Fail(m_read, std::move(expected));
   }
   m_read += 2;
   for (std::size_t i = 0; i < match.length; ++i, ++m_written) {

@@ -71,6 +71,21 @@ TEST_F(SearchPanel, EveryBeginningOfATypedPostalCodeSurvives) {
   }
 }
 
+TEST_F(SearchPanel, ClipboardKeysWorkInPostalMode) {
+  frmhlavni& window = Open();
+  window.optMPSC[0].SetValue(true);
+  Type(window.txtMPSC[0], L"69201");
+  window.txtMPSC[0].SelectAll();
+  std::int16_t key = 'C';
+  window.txtMPSC[0].KeyDown(key, forms::kCtrlMask);
+  key = 'V';
+  window.txtMPSC[1].KeyDown(key, forms::kCtrlMask);
+  EXPECT_EQ(window.txtMPSC[1].Text(), L"69201");
+  key = 'X';
+  window.txtMPSC[0].KeyDown(key, forms::kCtrlMask);
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"");
+}
+
 TEST_F(SearchPanel, NameModeTakesEverything) {
   frmhlavni& window = Open();
   Type(window.txtMPSC[0], L"Č.,*?ř1");
