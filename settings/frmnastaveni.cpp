@@ -46,6 +46,7 @@ frmnastaveni::frmnastaveni(clspsc& database, ShortcutPlatform shortcut, const fo
     : Form(forms::BorderStyle::FixedDialog, owner, L"KvezNastaveni"),
       m_database(database),
       m_shortcut(std::move(shortcut)) {
+  SetIcon(L"NASTAVENI");
   SetClientSize(kClientWidth, kClientHeight);
   SetKeyPreview(true);
   for (std::size_t i = 0; i < chkN.size(); ++i) {

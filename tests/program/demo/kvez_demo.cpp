@@ -66,6 +66,8 @@ int Close() {
 int Stage(const std::wstring& exe, const std::wstring& stage) {
   Program program(exe);
   if (!ReachStage(program, stage)) return Fail(&program, L"The program did not get to the stage " + stage);
+  // No tooltip and no hint of a hovered control in the picture.
+  MovePointer({0, 0});
   program.Release();
   RECT bounds{};
   GetWindowRect(program.MainWindow(), &bounds);
