@@ -60,7 +60,7 @@ TEST_F(Search, DistrictFromItsList) {
   ASSERT_TRUE(program.WaitReady());
   program.Click(kOptMPSC + 2);
   ASSERT_TRUE(WaitUntil([&] { return program.IsShown(kLstMPSC + 2); }));
-  EXPECT_FALSE(program.IsEnabled(kTxtMPSC));
+  EXPECT_TRUE(WaitUntil([&] { return !program.IsEnabled(kTxtMPSC); }));
   program.Click(kLstMPSC + 2);
   ASSERT_TRUE(WaitUntil([&] { return program.ListIndex(kLstMPSC + 2) >= 0; }));
   const std::wstring district = program.ListText(kLstMPSC + 2, program.ListIndex(kLstMPSC + 2));
