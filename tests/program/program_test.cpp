@@ -19,7 +19,9 @@ std::wstring FromUtf8(const std::string& bytes) {
 }  // namespace
 
 // The root of the machine that builds is drive Z here.
-std::filesystem::path Native(const char* path) { return std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path; }
+std::filesystem::path Native(const char* path) {
+  return (std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path).make_preferred();
+}
 
 std::vector<TableRow> ReadTable(const char* name) {
   std::ifstream stream(Native(KVEZ_SOURCE_DIR) / "data" / name);

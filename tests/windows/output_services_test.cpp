@@ -1,0 +1,169 @@
+// The system's services for handing a list out: clipboard, text files, folders, mail.
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "platform/windows/owned.h"
+#include "platform/windows/windows_clipboard.h"
+#include "platform/windows/windows_folder_dialog.h"
+#include "platform/windows/windows_mail_client.h"
+#include "platform/windows/windows_text_files.h"
+#include "tests/support/mail_client.h"
+#include "tests/support/temporary_folder.h"
+
+namespace kvez::test {
+namespace {
+
+using OwnedWindow = Owned<HWND, [](HWND window) { DestroyWindow(window); }>;
+
+class SystemClipboard : public ::testing::Test {
+ protected:
+  // What another program that asks for the format gets.
+  template <typename Character>
+  static std::basic_string<Character> Read(UINT format) {
+    std::basic_string<Character> text;
+    if (!OpenClipboard(nullptr)) return text;
+    if (const HANDLE memory = GetClipboardData(format)) {
+      text = static_cast<const Character*>(GlobalLock(memory));
+      GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+  }
+
+  OwnedWindow m_owner{CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr)};
+  WindowsClipboard m_clipboard{[this] { return m_owner.Get(); }};
+};
+
+TEST_F(SystemClipboard, HoldsTheTextForNewAndOldPrograms) {
+  m_clipboard.Replace(L"Žďár nad Sázavou\r\npo řádcích");
+  EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"Žďár nad Sázavou\r\npo řádcích");
+  EXPECT_EQ(Read<char>(CF_TEXT),
+            "\x8e\xef\xe1r nad S\xe1zavou\r\npo \xf8\xe1"
+            "dc\xed"
+            "ch");
+}
+
+TEST_F(SystemClipboard, HoldsNothingElseAfterwards) {
+  m_clipboard.Replace(L"první");
+  ASSERT_TRUE(OpenClipboard(m_owner.Get()));
+  const UINT own = RegisterClipboardFormatW(L"Kvez-test");
+  SetClipboardData(own, GlobalAlloc(GMEM_MOVEABLE, 8));
+  CloseClipboard();
+  m_clipboard.Replace(L"druhý");
+  EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"druhý");
+  EXPECT_FALSE(IsClipboardFormatAvailable(own));
+}
+
+TEST_F(SystemClipboard, WaitsForAProgramThatLooksAtIt) {
+  m_clipboard.Replace(L"staré");
+  const HANDLE held = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  std::thread other([held] {
+    while (!OpenClipboard(nullptr)) Sleep(1);
+    SetEvent(held);
+    Sleep(100);
+    CloseClipboard();
+  });
+  WaitForSingleObject(held, 10000);
+  m_clipboard.Replace(L"nové");
+  other.join();
+  CloseHandle(held);
+  EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"nové");
+}
+
+TEST_F(SystemClipboard, GivesUpSilentlyOnAProgramThatKeepsIt) {
+  m_clipboard.Replace(L"staré");
+  const HANDLE held = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  const HANDLE release = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  std::thread other([held, release] {
+    while (!OpenClipboard(nullptr)) Sleep(1);
+    SetEvent(held);
+    WaitForSingleObject(release, 10000);
+    CloseClipboard();
+  });
+  WaitForSingleObject(held, 10000);
+  m_clipboard.Replace(L"nové");
+  SetEvent(release);
+  other.join();
+  CloseHandle(held);
+  CloseHandle(release);
+  EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"staré");
+}
+
+TEST(SystemTextFiles, WriteTheSystemCodePage) {
+  const TemporaryFolder folder;
+  folder.Write("soubor.txt", std::string("longer than what comes next"));
+  WindowsTextFiles files;
+  files.Write((folder.Path() / "soubor.txt").wstring(), L"Žďár\r\n© č");
+  EXPECT_EQ(folder.Read("soubor.txt"), "\x8e\xef\xe1r\r\n\xa9 \xe8");
+}
+
+TEST(SystemTextFiles, ThrowWhereNoFileCanBe) {
+  const TemporaryFolder folder;
+  WindowsTextFiles files;
+  EXPECT_THROW(files.Write((folder.Path() / "neni" / "soubor.txt").wstring(), L"x"), std::runtime_error);
+  EXPECT_THROW(files.Write(folder.Path().wstring(), L"x"), std::runtime_error);
+}
+
+TEST(SystemFolders, AreDirectories) {
+  const TemporaryFolder folder;
+  folder.Write("soubor.txt", std::string("x"));
+  WindowsFolderDialog folders;
+  EXPECT_TRUE(folders.IsDirectory(folder.Path().wstring()));
+  EXPECT_TRUE(folders.IsDirectory(L"C:\\"));
+  EXPECT_FALSE(folders.IsDirectory((folder.Path() / "soubor.txt").wstring()));
+  EXPECT_FALSE(folders.IsDirectory((folder.Path() / "neni").wstring()));
+  EXPECT_FALSE(folders.IsDirectory(L"Q:\\"));
+  EXPECT_FALSE(folders.IsDirectory(L""));
+}
+
+TEST(SystemFolders, MayHaveNamesThatTheCodePageCannotHold) {
+  const TemporaryFolder folder;
+  const auto greek = folder.Path() / std::filesystem::path(L"αβγ");
+  std::filesystem::create_directory(greek);
+  EXPECT_TRUE(WindowsFolderDialog().IsDirectory(greek.wstring()));
+}
+
+std::wstring WorkingDirectory() {
+  wchar_t path[MAX_PATH] = {};
+  GetCurrentDirectoryW(MAX_PATH, path);
+  return path;
+}
+
+class SystemMail : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    // The library looks for its client once in a process.
+    if (GetModuleHandleW(L"mapi32.dll") != nullptr) GTEST_SKIP() << "needs a process of its own, as ctest gives it";
+  }
+};
+
+TEST_F(SystemMail, GetsEverythingInTheSystemCodePageAndKeepsTheWorkingDirectory) {
+  const TemporaryFolder folder;
+  const MailClientRegistration client(0, (folder.Path() / "mail.txt").wstring());
+  const std::wstring before = WorkingDirectory();
+  WindowsMailClient mail;
+  EXPECT_EQ(mail.SendDocuments(L";", L"C:\\Žďár\\meil.txt", L"Název začíná \"Ž\"."), 0U);
+  EXPECT_EQ(WorkingDirectory(), before);
+  const auto received = client.Received();
+  ASSERT_TRUE(received);
+  EXPECT_EQ(received->delimiter, ";");
+  EXPECT_EQ(received->files, "C:\\\x8e\xef\xe1r\\meil.txt");
+  EXPECT_EQ(received->names, "N\xe1zev za\xe8\xedn\xe1 \"\x8e\".");
+  EXPECT_EQ(received->reserved, 0U);
+}
+
+TEST_F(SystemMail, AnswersWithTheClientsOwnCode) {
+  const TemporaryFolder folder;
+  const MailClientRegistration client(1, (folder.Path() / "mail.txt").wstring());
+  EXPECT_EQ(WindowsMailClient().SendDocuments(L";", L"x", L"y"), 1U);
+}
+
+TEST_F(SystemMail, AnswersThatItIsNotSupportedWithoutAClient) {
+  EXPECT_EQ(WindowsMailClient().SendDocuments(L";", L"x", L"y"), 26U);
+}
+
+}  // namespace
+}  // namespace kvez::test
