@@ -163,6 +163,8 @@ void frmhlavni::CreateButtons() {
     row.button.ReadProperties(ButtonProperties(row.caption));
     row.button.SetToolTipText(row.toolTip);
   }
+  // There is no result yet whose postal code could be listed.
+  tlHObcePSC.SetVisible(false);
 }
 
 void frmhlavni::CreateAboutButtons() {
