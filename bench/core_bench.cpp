@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <ctime>
 #include <functional>
@@ -199,10 +200,16 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
               load.second * 1e3);
   AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
   // Each mode reads the names in its own way, and one that keeps the limit says nothing about the others.
-  for (const wchar_t* text : {L"Lhota", L"Lednic*", L"*ves", L"*mlýn*", L"Nov*Ves"}) {
+  // Nobody repeats one search fifty times: the others in between keep the processor from learning the short list by
+  // heart.
+  const std::array<const wchar_t*, 5> texts = {L"Lhota", L"Lednic*", L"*ves", L"*mlýn*", L"Nov*Ves"};
+  for (const wchar_t* text : texts) {
     Pair search{1e9, 1e9};
     for (int round = 0; round < 5; ++round) {
-      for (int i = 0; i < times; ++i) search.first = std::min(search.first, real.Search(text));
+      for (int i = 0; i < times; ++i) {
+        for (const wchar_t* other : texts) real.Search(other);
+        search.first = std::min(search.first, real.Search(text));
+      }
       search.second = std::min(search.second, million.Search(text));
     }
     const std::string what = "searching per record, " + Utf8(text) + " (" + Microseconds(search.first) + ", " +
