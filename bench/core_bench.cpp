@@ -9,13 +9,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "bench/measure.h"
 #include "bench/mspack_memory.h"
+#include "bench/output_bench.h"
 #include "database/windows1250.h"
 #include "platform/portable/szdd.h"
 #include "tests/core/fakes.h"
@@ -24,44 +25,12 @@
 namespace {
 
 using namespace kvez;
+using bench::AtLeast;
+using bench::AtMost;
+using bench::BestOf;
+using bench::Pair;
+using bench::Seconds;
 using fakes::Bytes;
-
-// The processor time of this thread: what other programs take meanwhile does not count. All that is measured here
-// computes.
-double Now() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-double Seconds(const std::function<void()>& action) {
-  const double start = Now();
-  action();
-  return Now() - start;
-}
-
-struct Pair {
-  double first;
-  double second;
-};
-
-// The best of `rounds` of each, taken in turn.
-Pair BestOf(int rounds, const std::function<void()>& first, const std::function<void()>& second) {
-  Pair best{1e9, 1e9};
-  for (int round = 0; round < rounds; ++round) {
-    best.first = std::min(best.first, Seconds(first));
-    best.second = std::min(best.second, Seconds(second));
-  }
-  return best;
-}
-
-void AtLeast(const char* what, double figure, double limit, const char* unit) {
-  std::printf("%-58s %9.2f %-4s at least %6.2f  %s\n", what, figure, unit, limit, figure >= limit ? "ok" : "TOO SLOW");
-}
-
-void AtMost(const char* what, double figure, double limit, const char* unit) {
-  std::printf("%-58s %9.2f %-4s at most  %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO MUCH");
-}
 
 std::string Microseconds(double seconds) { return std::to_string(static_cast<int>(seconds * 1e6 + 0.5)) + " us"; }
 
@@ -252,6 +221,7 @@ int main(int count, char** arguments) {
   }
   AtMost("reading all three files", reading * 1e3, 5, "ms");
   MeasureGrowth(municipalities, all.names.size());
+  bench::MeasureListText(loaded->Database());
   AtMost("memory of the loaded database", mebibytes, 10, "MiB");
   return 0;
 }

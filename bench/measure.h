@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+
+/// Measuring, and printing a figure beside its limit.
+namespace kvez::bench {
+
+/// The processor time of this thread: what other programs take meanwhile does not count. All that is measured here
+/// computes.
+inline double Now() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+inline double Seconds(const std::function<void()>& action) {
+  const double start = Now();
+  action();
+  return Now() - start;
+}
+
+struct Pair {
+  double first;
+  double second;
+};
+
+/// The best of `rounds` of each, taken in turn.
+inline Pair BestOf(int rounds, const std::function<void()>& first, const std::function<void()>& second) {
+  Pair best{1e9, 1e9};
+  for (int round = 0; round < rounds; ++round) {
+    best.first = std::min(best.first, Seconds(first));
+    best.second = std::min(best.second, Seconds(second));
+  }
+  return best;
+}
+
+inline void AtLeast(const char* what, double figure, double limit, const char* unit) {
+  std::printf("%-58s %9.2f %-4s at least %6.2f  %s\n", what, figure, unit, limit, figure >= limit ? "ok" : "TOO SLOW");
+}
+
+inline void AtMost(const char* what, double figure, double limit, const char* unit) {
+  std::printf("%-58s %9.2f %-4s at most  %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO MUCH");
+}
+
+}  // namespace kvez::bench

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "database/clspsc.h"
+
+namespace kvez::bench {
+
+/// The list text of all municipalities of `source`, and of ten times as many.
+void MeasureListText(clspsc& source);
+
+}  // namespace kvez::bench
