@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/windows/windows_printer.h"
+#include "tests/support/handle_count.h"
 #include "tests/support/printed_pages.h"
 
 namespace kvez::test {
@@ -79,6 +80,21 @@ TEST_F(RealPrinter, DropsADocumentThatIsReset) {
   m_printer.EndDocument();
   EXPECT_TRUE(m_queue.WaitForDocument().HasText(1, 10, 20, L"jen tohle", {10, false}));
   EXPECT_THAT(m_queue.Documents(), SizeIs(1));
+}
+
+TEST_F(RealPrinter, LeavesNoObjectsBehind) {
+  const auto printAndDrop = [this] {
+    PrintOnce(L"nikdy");
+    m_printer.SetBold(true);
+    m_printer.Print(0, 0, L"nikdy");
+    m_printer.Line(0, 0, 1, 1);
+    m_printer.NewPage();
+    m_printer.Reset();
+  };
+  for (int round = 0; round < 3; ++round) printAndDrop();
+  const auto before = kvez::testing::CountHandles();
+  for (int round = 0; round < 20; ++round) printAndDrop();
+  EXPECT_EQ(kvez::testing::CountHandles(), before);
 }
 
 TEST_F(RealPrinter, RefusesOtherSettingsInTheMiddleOfADocument) {

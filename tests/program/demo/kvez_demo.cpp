@@ -2,7 +2,7 @@
 //
 //   kvez_demo search EXE TEXT   starts the program, searches by name, prints the count sentence, leaves it running
 //   kvez_demo close             ends the running program through its exit question
-//   kvez_demo stage EXE STAGE   starts the program, brings it to a stage (stages.h), prints the place of its window on
+//   kvez_demo stage EXE STAGE   starts the program, brings it to a stage (stages.h), prints the place of its windows on
 //                               the screen as WxH+X+Y, leaves it there
 //   kvez_demo kill              ends the running program at once, in whatever stage it is
 //
@@ -63,14 +63,39 @@ int Close() {
   return 0;
 }
 
+struct Bounds {
+  DWORD processId;
+  RECT all;
+};
+
+BOOL CALLBACK AddBounds(HWND window, LPARAM parameter) {
+  auto& bounds = *reinterpret_cast<Bounds*>(parameter);
+  DWORD processId = 0;
+  GetWindowThreadProcessId(window, &processId);
+  RECT own{};
+  if (processId != bounds.processId || !IsWindowVisible(window) || !GetWindowRect(window, &own)) return TRUE;
+  const RECT before = bounds.all;
+  UnionRect(&bounds.all, &before, &own);
+  return TRUE;
+}
+
+// The place on the screen that holds all windows of the program.
+RECT WindowsOf(const Program& program) {
+  Bounds bounds{program.ProcessId(), {}};
+  EnumWindows(&AddBounds, reinterpret_cast<LPARAM>(&bounds));
+  const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  RECT visible{};
+  IntersectRect(&visible, &bounds.all, &screen);
+  return visible;
+}
+
 int Stage(const std::wstring& exe, const std::wstring& stage) {
   Program program(exe);
   if (!ReachStage(program, stage)) return Fail(&program, L"The program did not get to the stage " + stage);
   // No tooltip and no hint of a hovered control in the picture.
   MovePointer({0, 0});
   program.Release();
-  RECT bounds{};
-  GetWindowRect(program.MainWindow(), &bounds);
+  const RECT bounds = WindowsOf(program);
   std::printf("%ldx%ld+%ld+%ld\n", bounds.right - bounds.left, bounds.bottom - bounds.top, bounds.left, bounds.top);
   return 0;
 }

@@ -1,6 +1,8 @@
 #include "tests/program/demo/stages.h"
 
 #include "mainwindow/control_ids.h"
+#include "tests/support/folder_dialog.h"
+#include "tests/support/printed_pages.h"
 
 namespace kvez::test {
 namespace {
@@ -53,12 +55,30 @@ bool WithoutData(const Program& program) {
 }
 
 bool ShowMenu(const Program& program) {
-  if (!SearchFor(program, L"Praha*") || !ClickRow(program, kResult, 3)) return false;
   program.Click(kResult, true);
   return WaitUntil([] {
     const HWND menu = FindWindowW(L"#32768", nullptr);
     return menu != nullptr && IsWindowVisible(menu);
   });
+}
+
+// Chooses the row of the menu that so many steps lead to, and says yes.
+bool ChooseFromMenu(const Program& program, int steps) {
+  if (!SearchFor(program, L"Praha*") || !ShowMenu(program)) return false;
+  for (int step = 0; step < steps; ++step) PressKey(VK_DOWN);
+  PressKey(VK_RETURN);
+  return program.Answer(program.WaitDialog(), IDYES);
+}
+
+bool ShowFolderDialog(const Program& program) {
+  if (!ChooseFromMenu(program, 2)) return false;
+  const HWND dialog = WaitFolderDialog(program.ProcessId());
+  return dialog != nullptr && SelectFolder(dialog, L"C:\\Program Files");
+}
+
+bool Print(const Program& program) {
+  const PrintQueue queue;
+  return ChooseFromMenu(program, 1) && queue.WaitForDocument().pages > 0;
 }
 
 }  // namespace
@@ -89,7 +109,9 @@ bool ReachStage(Program& program, const std::wstring& stage) {
     program.Click(kTlHNastaveni);
     return WaitUntil([] { return FindWindowW(nullptr, L"Kvez - nastavení") != nullptr; });
   }
-  return stage == L"nabidka" && ShowMenu(program);
+  if (stage == L"slozka") return ShowFolderDialog(program);
+  if (stage == L"tisk") return Print(program);
+  return stage == L"nabidka" && SearchFor(program, L"Praha*") && ClickRow(program, kResult, 3) && ShowMenu(program);
 }
 
 }  // namespace kvez::test

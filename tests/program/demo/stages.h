@@ -14,6 +14,8 @@ namespace kvez::test {
 ///   chybi      without any data file (the folder holds kvez.exe alone)
 ///   oaplikaci, nastaveni   the About panel, the settings window
 ///   nabidka    the menu of the result list
+///   slozka     the folder dialog of the export
+///   tisk       a list has come out of the tests' print queue
 ///
 /// False when it does not get there.
 bool ReachStage(Program& program, const std::wstring& stage);
