@@ -10,6 +10,7 @@
 #include "platform/portable/portable_formats.h"
 #include "tests/program/program_test.h"
 #include "tests/support/folder_dialog.h"
+#include "tests/support/list_menu_driver.h"
 #include "tests/support/mail_client.h"
 #include "tests/support/printed_pages.h"
 #include "tests/support/temporary_folder.h"
@@ -24,9 +25,6 @@ constexpr int kResultList = kLstMPSC + 1;
 constexpr const wchar_t* kMoment = L"dddd, d.mmmm yyyy HH:mm";
 const std::wstring kHeading = L"Název začíná \"Nová Ves\".";
 const std::wstring kTitleLine = L"Kvez, © 2026 vývojáři programu Kvez, licence MIT";
-
-// The rows of the menu by the steps that lead down to them.
-enum MenuStep { kPrint = 1, kExport = 2, kCopy = 3, kMail = 4 };
 
 class HandOut : public ProgramTest {
  protected:
@@ -65,15 +63,9 @@ class HandOut : public ProgramTest {
     return rows;
   }
 
-  /// Opens the menu by the right button, goes down by the keyboard, and answers the question.
-  void Choose(MenuStep steps, const std::wstring& question) {
-    program->Click(kResultList, true);
-    ASSERT_TRUE(WaitUntil([] {
-      const HWND menu = FindWindowW(L"#32768", nullptr);
-      return menu != nullptr && IsWindowVisible(menu);
-    })) << "the menu did not open";
-    for (int step = 0; step < steps; ++step) PressKey(VK_DOWN);
-    PressKey(VK_RETURN);
+  /// Chooses from the menu and says yes to the question.
+  void Choose(MenuStep command, const std::wstring& question) {
+    ASSERT_TRUE(ChooseFromListMenu(*program, command));
     const Dialog asked = program->WaitDialog();
     EXPECT_EQ(asked.text, question);
     EXPECT_EQ(asked.caption, L"Kvez");
@@ -119,7 +111,7 @@ class HandOut : public ProgramTest {
 TEST_F(HandOut, CopiesTheListForAnotherProgram) {
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(kCopy, L"Přejete si seznam vybraných obcí vložit do schránky ?");
+  Choose(MenuStep::Copy, L"Přejete si seznam vybraných obcí vložit do schránky ?");
   std::wstring text;
   ASSERT_TRUE(WaitUntil([&] {
     if (!OpenClipboard(nullptr)) return false;
@@ -139,7 +131,7 @@ TEST_F(HandOut, ExportsIntoTheChosenFolder) {
   std::filesystem::create_directory(folder);
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(kExport, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_NE(dialog, nullptr);
   EXPECT_EQ(FolderPrompt(dialog), L"Zadejte cestu kam si přejete soubor uložit.");
@@ -151,7 +143,7 @@ TEST_F(HandOut, ExportsIntoTheChosenFolder) {
 
 TEST_F(HandOut, CancellingTheFolderDialogExportsNothing) {
   Search();
-  Choose(kExport, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(CloseFolderDialog(dialog, IDCANCEL));
   program->Focus(kTxtMPSC);
@@ -162,7 +154,7 @@ TEST_F(HandOut, AFolderThatIsNoneAsksForADisketteAndIsStillExportedTo) {
   const auto folder = Folder() / L"zmizelá";
   std::filesystem::create_directory(folder);
   Search();
-  Choose(kExport, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND first = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(SelectFolder(first, folder.wstring()));
   std::filesystem::remove(folder);
@@ -179,7 +171,7 @@ TEST_F(HandOut, SaysThatTheExportIsDoneWhereNoFileCanBe) {
   const auto folder = Folder() / L"výstup";
   std::filesystem::create_directories(folder / L"vdkvez.txt");  // a folder in the file's place
   Search();
-  Choose(kExport, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(SelectFolder(dialog, folder.wstring()));
   ASSERT_TRUE(CloseFolderDialog(dialog, IDOK));
@@ -189,7 +181,7 @@ TEST_F(HandOut, SaysThatTheExportIsDoneWhereNoFileCanBe) {
 
 TEST_F(HandOut, PrintsNothingWithoutAPrinter) {
   Search();
-  Choose(kPrint, L"Přejete si seznam vybraných obcí vytisknout ?");
+  Choose(MenuStep::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
   // The click into the field comes after all that printing may have left to do.
   program->Focus(kTxtMPSC);
   EXPECT_TRUE(WaitUntil([&] { return !program->IsShown(kPicMPSCPI); }));
@@ -214,7 +206,7 @@ TEST_F(HandOutMail, HandsTheListToTheMailClient) {
   StartWithClient(0);
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(kMail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ASSERT_TRUE(WaitUntil([&] { return m_client->Received().has_value(); }));
   const ReceivedMail mail = *m_client->Received();
   EXPECT_EQ(mail.window, reinterpret_cast<ULONG_PTR>(program->MainWindow()));
@@ -229,14 +221,14 @@ TEST_F(HandOutMail, HandsTheListToTheMailClient) {
 TEST_F(HandOutMail, ShowsTheCodeOfAMessageThatWasNotSent) {
   StartWithClient(1);
   Search();
-  Choose(kMail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ExpectMessage(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", L"1");
 }
 
 TEST_F(HandOutMail, ShowsTheCodeOfAMachineWithoutAMailClient) {
   HandOut::SetUp();
   Search();
-  Choose(kMail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ExpectMessage(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", L"26");
   EXPECT_TRUE(std::filesystem::exists(Folder() / L"meil.txt")) << "the file stays";
 }
@@ -254,7 +246,7 @@ class RealPrinterRun : public HandOut {
 TEST_F(RealPrinterRun, PrintsTheListByTheTableOfPlaces) {
   const auto rows = Search();
   const std::wstring sentence = program->Text(kLblPSCV + 1);
-  Choose(kPrint, L"Přejete si seznam vybraných obcí vytisknout ?");
+  Choose(MenuStep::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
   const PrintedDocument document = m_queue.WaitForDocument();
   EXPECT_TRUE(WaitUntil([&] { return !program->IsShown(kPicMPSCPI); }));
 

@@ -5,6 +5,7 @@
 
 #include "forms/guard.h"
 #include "mainwindow/addresses.h"
+#include "tests/support/handle_count.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
 #include "tests/windows/status_bar_view.h"
@@ -12,8 +13,8 @@
 namespace kvez {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class MainWindowCommands : public MainWindowTest {
  protected:
@@ -69,7 +70,7 @@ TEST_F(MainWindowCommands, EveryButtonGivesItsHintAndIcon) {
   for (const Row& row : rows) {
     row.button->MouseMoveEnabled(true);
     EXPECT_EQ(status.Text(), row.hint);
-    EXPECT_TRUE(status.ShowsIcon(row.icon)) << testing::PrintToString(row.hint);
+    EXPECT_TRUE(status.ShowsIcon(row.icon)) << ::testing::PrintToString(row.hint);
     row.button->MouseMoveEnabled(false);
     EXPECT_EQ(status.Text(), L"");
     EXPECT_EQ(status.Flags(), 256);
@@ -103,7 +104,7 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   EXPECT_EQ(window.FocusedControl(), &window.Text1);
   const std::wstring text = window.Text1.Text();
   for (const wchar_t* part : {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav 2017", L"licencí MIT"}) {
-    EXPECT_NE(text.find(part), std::wstring::npos) << testing::PrintToString(part);
+    EXPECT_NE(text.find(part), std::wstring::npos) << ::testing::PrintToString(part);
   }
 }
 
@@ -298,6 +299,24 @@ TEST_F(MainWindowCommands, TheExitWithoutAWishLeavesTheDesktopAlone) {
   m_window->Unload();
   EXPECT_THAT(m_commands.shell.folders, IsEmpty());
   EXPECT_THAT(m_commands.automation.steps, IsEmpty());
+}
+
+TEST_F(MainWindowCommands, RepetitionLeavesNoHandles) {
+  frmhlavni& window = Open();
+  const auto round = [&] {
+    Click(window.tlHNastaveni);
+    forms::DoEvents();
+    SendMessageW(SettingsWindow(), WM_CLOSE, 0, 0);
+    Click(window.tlHOaplikaci);
+    window.tlHMeil.MouseMoveEnabled(true);
+    Click(window.tlHStorno);
+    Click(window.tlHAktualizace);
+    forms::DoEvents();
+  };
+  for (int i = 0; i < 5; ++i) round();
+  const kvez::testing::HandleCount before = kvez::testing::CountHandles();
+  for (int i = 0; i < 30; ++i) round();
+  EXPECT_EQ(kvez::testing::CountHandles(), before);
 }
 
 // Errors of handlers are shown by the guard of the window procedures; these tests collect them.

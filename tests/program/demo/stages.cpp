@@ -2,6 +2,7 @@
 
 #include "mainwindow/control_ids.h"
 #include "tests/support/folder_dialog.h"
+#include "tests/support/list_menu_driver.h"
 #include "tests/support/printed_pages.h"
 
 namespace kvez::test {
@@ -54,31 +55,20 @@ bool WithoutData(const Program& program) {
   return program.WaitReady();
 }
 
-bool ShowMenu(const Program& program) {
-  program.Click(kResult, true);
-  return WaitUntil([] {
-    const HWND menu = FindWindowW(L"#32768", nullptr);
-    return menu != nullptr && IsWindowVisible(menu);
-  });
-}
-
-// Chooses the row of the menu that so many steps lead to, and says yes.
-bool ChooseFromMenu(const Program& program, int steps) {
-  if (!SearchFor(program, L"Praha*") || !ShowMenu(program)) return false;
-  for (int step = 0; step < steps; ++step) PressKey(VK_DOWN);
-  PressKey(VK_RETURN);
-  return program.Answer(program.WaitDialog(), IDYES);
+bool Choose(const Program& program, MenuStep command) {
+  return SearchFor(program, L"Praha*") && ChooseFromListMenu(program, command) &&
+         program.Answer(program.WaitDialog(), IDYES);
 }
 
 bool ShowFolderDialog(const Program& program) {
-  if (!ChooseFromMenu(program, 2)) return false;
+  if (!Choose(program, MenuStep::Export)) return false;
   const HWND dialog = WaitFolderDialog(program.ProcessId());
   return dialog != nullptr && SelectFolder(dialog, L"C:\\Program Files");
 }
 
 bool Print(const Program& program) {
   const PrintQueue queue;
-  return ChooseFromMenu(program, 1) && queue.WaitForDocument().pages > 0;
+  return Choose(program, MenuStep::Print) && queue.WaitForDocument().pages > 0;
 }
 
 }  // namespace
@@ -111,7 +101,7 @@ bool ReachStage(Program& program, const std::wstring& stage) {
   }
   if (stage == L"slozka") return ShowFolderDialog(program);
   if (stage == L"tisk") return Print(program);
-  return stage == L"nabidka" && SearchFor(program, L"Praha*") && ClickRow(program, kResult, 3) && ShowMenu(program);
+  return stage == L"nabidka" && SearchFor(program, L"Praha*") && ClickRow(program, kResult, 3) && OpenListMenu(program);
 }
 
 }  // namespace kvez::test
