@@ -2,6 +2,7 @@
 set(triple ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32)
 set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
+set(CMAKE_DLLTOOL ${triple}-dlltool)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 # Resource scripts are UTF-8.
 set(CMAKE_RC_FLAGS_INIT "-c 65001")

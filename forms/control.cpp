@@ -104,7 +104,7 @@ void Control::BringToFront() {
 void Control::SetToolTipText(std::wstring_view text) {
   if (text == m_toolTipText) return;
   m_toolTipText = text;
-  if (Handle() != nullptr) m_form->ShowToolTip(*this);
+  if (m_hasToolTip && Handle() != nullptr) m_form->ChangeToolTip(*this);
 }
 
 COLORREF Control::BackColor() const { return m_backColor.value_or(DefaultBackColor()); }
@@ -261,6 +261,8 @@ LRESULT Control::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   // The system's control first: a list box selects, and so raises Click, before it tells of the button.
   const LRESULT result = Native(message, wParam, lParam);
   if (Handle() == nullptr) return result;
+  // Only now: windows open faster without forty tooltips that nobody has asked for.
+  if (message == WM_MOUSEMOVE && !m_hasToolTip && !m_toolTipText.empty()) m_hasToolTip = m_form->AddToolTip(*this);
   const float twipsPerPixel = m_form->TwipsPerPixel();
   const float x = static_cast<float>(static_cast<std::int16_t>(LOWORD(lParam))) * twipsPerPixel;
   const float y = static_cast<float>(static_cast<std::int16_t>(HIWORD(lParam))) * twipsPerPixel;

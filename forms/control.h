@@ -178,6 +178,7 @@ class Control : public Window {
   bool m_enabled = true;
   bool m_tabStop = false;
   std::wstring m_toolTipText;
+  bool m_hasToolTip = false;  // the form's tooltip knows this control
   std::wstring m_accessibleName;
   std::optional<COLORREF> m_backColor;
   std::optional<COLORREF> m_foreColor;

@@ -117,7 +117,10 @@ class Form : public Window, public Container {
   void Unregister(Control& control);
   void RegisterTimer(Timer& timer);
   void UnregisterTimer(Timer& timer);
-  void ShowToolTip(Control& control);  // creates, changes or removes it
+  /// Lets the tooltip watch over a control that the pointer has come to.
+  bool AddToolTip(Control& control);
+  /// After the text of a watched control has changed.
+  void ChangeToolTip(Control& control);
   /// Asks Form_KeyDown when the preview is on.
   void PreviewKey(std::int16_t& keyCode, std::int16_t shift);
   void LeaveFocus(const Control& control);

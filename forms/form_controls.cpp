@@ -13,13 +13,15 @@ namespace {
 // Wide enough for a sentence, so that a long tooltip gets a second line instead of crossing the screen.
 constexpr int kToolTipWidthTwips = 6000;
 
-TTTOOLINFOW ToolInfo(HWND form, HWND control) {
+TTTOOLINFOW ToolInfo(Control& control) {
   TTTOOLINFOW info{};
   // Without the newest field, so that both versions of the common controls take it.
   info.cbSize = TTTOOLINFOW_V2_SIZE;
   info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  info.hwnd = form;
-  info.uId = reinterpret_cast<UINT_PTR>(control);
+  info.hwnd = control.OwnerForm().Handle();
+  info.uId = reinterpret_cast<UINT_PTR>(control.Handle());
+  // The tooltip only reads the text; its structure serves for both directions.
+  info.lpszText = const_cast<wchar_t*>(control.ToolTipText().c_str());
   return info;
 }
 
@@ -52,17 +54,22 @@ void Form::RescaleToolTip() {
   SendMessageW(m_toolTip, TTM_SETMAXTIPWIDTH, 0, ToPixels(kToolTipWidthTwips));
 }
 
-void Form::ShowToolTip(Control& control) {
+bool Form::AddToolTip(Control& control) {
   if (m_toolTip == nullptr) CreateToolTip();
-  if (m_toolTip == nullptr) return;
-  TTTOOLINFOW info = ToolInfo(Handle(), control.Handle());
-  // The tooltip only reads the text; its structure serves for both directions.
-  info.lpszText = const_cast<wchar_t*>(control.ToolTipText().c_str());
-  TTTOOLINFOW present = ToolInfo(Handle(), control.Handle());
-  const bool isThere = SendMessageW(m_toolTip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&present)) != 0;
-  UINT message = isThere ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW;
-  if (control.ToolTipText().empty()) message = TTM_DELTOOLW;
-  SendMessageW(m_toolTip, message, 0, reinterpret_cast<LPARAM>(&info));
+  TTTOOLINFOW info = ToolInfo(control);
+  if (SendMessageW(m_toolTip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info)) == 0) return false;
+  // The tooltip watches from the next message on, and the pointer may rest already.
+  MSG arrival{};
+  arrival.hwnd = control.Handle();
+  arrival.message = WM_MOUSEMOVE;
+  SendMessageW(m_toolTip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&arrival));
+  return true;
+}
+
+void Form::ChangeToolTip(Control& control) {
+  TTTOOLINFOW info = ToolInfo(control);
+  // An empty text shows no tooltip.
+  SendMessageW(m_toolTip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&info));
 }
 
 void Form::NotifyShown(Control* within) {

@@ -1,13 +1,19 @@
 #include "forms/window.h"
 
 #include <string>
+#include <unordered_map>
 
 #include "forms/guard.h"
 
 namespace kvez::forms {
 namespace {
 
-constexpr wchar_t kProperty[] = L"KvezWindow";
+// Kept here and not as a property of each window, which costs a call of the system for every message that a control
+// reflects. Never destroyed: windows may outlive the static objects.
+std::unordered_map<HWND, Window*>& Windows() {
+  static auto* const windows = new std::unordered_map<HWND, Window*>;
+  return *windows;
+}
 
 HINSTANCE ThisModule() { return GetModuleHandleW(nullptr); }
 
@@ -29,12 +35,8 @@ void RegisterOnce(const wchar_t* className, WNDPROC procedure) {
 Window::~Window() { DestroyHandle(); }
 
 Window* Window::FromHandle(HWND handle) {
-  if (handle == nullptr) return nullptr;
-  // The same property of another process's window would be a pointer into its memory.
-  DWORD process = 0;
-  GetWindowThreadProcessId(handle, &process);
-  if (process != GetCurrentProcessId()) return nullptr;
-  return static_cast<Window*>(GetPropW(handle, kProperty));
+  const auto found = Windows().find(handle);
+  return found != Windows().end() ? found->second : nullptr;
 }
 
 void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
@@ -94,11 +96,11 @@ LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
 void Window::Attach(HWND handle) {
   m_handle = handle;
   SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  SetPropW(handle, kProperty, this);
+  Windows()[handle] = this;
 }
 
 void Window::Detach() {
-  RemovePropW(m_handle, kProperty);
+  Windows().erase(m_handle);
   SetWindowLongPtrW(m_handle, GWLP_USERDATA, 0);
   m_handle = nullptr;
   m_original = nullptr;

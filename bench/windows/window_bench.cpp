@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,19 +48,21 @@ void Report(const char* what, double figure, double limit, const char* unit) {
   std::printf("%-52s %8.2f %-3s limit %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO SLOW");
 }
 
+// From the start of the process to the moment when the user may type; the end of the process is not counted.
 double StartProgram(const std::wstring& exe) {
+  std::optional<Program> program;
   return Seconds([&] {
-    Program program(exe);
-    if (!program.WaitReady()) std::printf("the program did not get ready\n");
+    program.emplace(exe);
+    if (!program->WaitReady()) std::printf("the program did not get ready\n");
   });
 }
 
 double StartBareWindow(const std::wstring& exe, const std::wstring& table) {
-  return Seconds([&] {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    std::wstring command = L"\"" + exe + L"\" " + table;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  std::wstring command = L"\"" + exe + L"\" " + table;
+  const double seconds = Seconds([&] {
     if (!CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process)) {
       std::printf("the bare window did not start\n");
@@ -69,18 +72,17 @@ double StartBareWindow(const std::wstring& exe, const std::wstring& table) {
       const HWND window = FindWindowW(L"KvezBareWindow", nullptr);
       return window != nullptr && WindowText(window) == L"hotovo";
     });
-    TerminateProcess(process.hProcess, 0);
-    WaitForSingleObject(process.hProcess, 10000);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
   });
+  TerminateProcess(process.hProcess, 0);
+  WaitForSingleObject(process.hProcess, 10000);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return seconds;
 }
 
 void MeasureStart(const std::wstring& exe, const std::wstring& bare, const std::wstring& table) {
   std::vector<double> programs;
   std::vector<double> bareWindows;
-  StartProgram(exe);
-  StartBareWindow(bare, table);
   for (int round = 0; round < kRounds; ++round) {
     programs.push_back(StartProgram(exe));
     bareWindows.push_back(StartBareWindow(bare, table));

@@ -64,7 +64,7 @@ class HandOut : public ProgramTest {
   }
 
   /// Chooses from the menu and says yes to the question.
-  void Choose(MenuStep command, const std::wstring& question) {
+  void Choose(MenuCommand command, const std::wstring& question) {
     ASSERT_TRUE(ChooseFromListMenu(*program, command));
     const Dialog asked = program->WaitDialog();
     EXPECT_EQ(asked.text, question);
@@ -111,7 +111,7 @@ class HandOut : public ProgramTest {
 TEST_F(HandOut, CopiesTheListForAnotherProgram) {
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(MenuStep::Copy, L"Přejete si seznam vybraných obcí vložit do schránky ?");
+  Choose(MenuCommand::Copy, L"Přejete si seznam vybraných obcí vložit do schránky ?");
   std::wstring text;
   ASSERT_TRUE(WaitUntil([&] {
     if (!OpenClipboard(nullptr)) return false;
@@ -131,7 +131,7 @@ TEST_F(HandOut, ExportsIntoTheChosenFolder) {
   std::filesystem::create_directory(folder);
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuCommand::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_NE(dialog, nullptr);
   EXPECT_EQ(FolderPrompt(dialog), L"Zadejte cestu kam si přejete soubor uložit.");
@@ -143,7 +143,7 @@ TEST_F(HandOut, ExportsIntoTheChosenFolder) {
 
 TEST_F(HandOut, CancellingTheFolderDialogExportsNothing) {
   Search();
-  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuCommand::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(CloseFolderDialog(dialog, IDCANCEL));
   program->Focus(kTxtMPSC);
@@ -154,7 +154,7 @@ TEST_F(HandOut, AFolderThatIsNoneAsksForADisketteAndIsStillExportedTo) {
   const auto folder = Folder() / L"zmizelá";
   std::filesystem::create_directory(folder);
   Search();
-  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuCommand::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND first = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(SelectFolder(first, folder.wstring()));
   std::filesystem::remove(folder);
@@ -171,7 +171,7 @@ TEST_F(HandOut, SaysThatTheExportIsDoneWhereNoFileCanBe) {
   const auto folder = Folder() / L"výstup";
   std::filesystem::create_directories(folder / L"vdkvez.txt");  // a folder in the file's place
   Search();
-  Choose(MenuStep::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
+  Choose(MenuCommand::Export, L"Přejete si seznam vybraných obcí exportovat do souboru ?");
   const HWND dialog = WaitFolderDialog(program->ProcessId());
   ASSERT_TRUE(SelectFolder(dialog, folder.wstring()));
   ASSERT_TRUE(CloseFolderDialog(dialog, IDOK));
@@ -181,7 +181,7 @@ TEST_F(HandOut, SaysThatTheExportIsDoneWhereNoFileCanBe) {
 
 TEST_F(HandOut, PrintsNothingWithoutAPrinter) {
   Search();
-  Choose(MenuStep::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
+  Choose(MenuCommand::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
   // The click into the field comes after all that printing may have left to do.
   program->Focus(kTxtMPSC);
   EXPECT_TRUE(WaitUntil([&] { return !program->IsShown(kPicMPSCPI); }));
@@ -206,7 +206,7 @@ TEST_F(HandOutMail, HandsTheListToTheMailClient) {
   StartWithClient(0);
   const auto rows = Search();
   const std::wstring before = Now(kMoment);
-  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuCommand::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ASSERT_TRUE(WaitUntil([&] { return m_client->Received().has_value(); }));
   const ReceivedMail mail = *m_client->Received();
   EXPECT_EQ(mail.window, reinterpret_cast<ULONG_PTR>(program->MainWindow()));
@@ -221,14 +221,14 @@ TEST_F(HandOutMail, HandsTheListToTheMailClient) {
 TEST_F(HandOutMail, ShowsTheCodeOfAMessageThatWasNotSent) {
   StartWithClient(1);
   Search();
-  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuCommand::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ExpectMessage(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", L"1");
 }
 
 TEST_F(HandOutMail, ShowsTheCodeOfAMachineWithoutAMailClient) {
   HandOut::SetUp();
   Search();
-  Choose(MenuStep::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
+  Choose(MenuCommand::Mail, L"Přejete si seznam vybraných obcí zaslat e-mailem ?");
   ExpectMessage(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", L"26");
   EXPECT_TRUE(std::filesystem::exists(Folder() / L"meil.txt")) << "the file stays";
 }
@@ -246,7 +246,7 @@ class RealPrinterRun : public HandOut {
 TEST_F(RealPrinterRun, PrintsTheListByTheTableOfPlaces) {
   const auto rows = Search();
   const std::wstring sentence = program->Text(kLblPSCV + 1);
-  Choose(MenuStep::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
+  Choose(MenuCommand::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
   const PrintedDocument document = m_queue.WaitForDocument();
   EXPECT_TRUE(WaitUntil([&] { return !program->IsShown(kPicMPSCPI); }));
 

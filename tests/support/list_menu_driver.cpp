@@ -13,32 +13,34 @@ constexpr std::array<const wchar_t*, 4> kExplanations = {
     L"Vytiskne seznam vybraných obcí.", L"Uloží seznam vybraných obcí do textového souboru.",
     L"Vloží seznam vybraných obcí do schránky.", L"Odešle seznam vybraných obcí e-mailem."};
 
-bool IsMenuOpen() {
+HWND OpenMenu() {
   const HWND menu = FindWindowW(L"#32768", nullptr);
-  return menu != nullptr && IsWindowVisible(menu);
+  return menu != nullptr && IsWindowVisible(menu) ? menu : nullptr;
 }
 
 }  // namespace
 
 bool OpenListMenu(const Program& program) {
   program.Click(kLstMPSC + 1, true);
-  return WaitUntil(&IsMenuOpen);
+  return WaitUntil([] { return OpenMenu() != nullptr; });
 }
 
-bool ChooseFromListMenu(const Program& program, MenuStep command) {
+bool ChooseFromListMenu(const Program& program, MenuCommand command) {
   if (!OpenListMenu(program)) return false;
-  for (std::size_t step = 0; step < static_cast<std::size_t>(command); ++step) {
-    const auto isThere = [&] { return StatusText(program.StatusBar(), 2) == kExplanations[step]; };
-    // A menu that has just come may not take the first press yet.
-    if (!WaitUntil([&] {
-          PressKey(VK_DOWN);
-          return WaitUntil(isThere, 1.0);
-        })) {
-      return false;
-    }
+  RECT menu{};
+  GetWindowRect(OpenMenu(), &menu);
+  // By the pointer and not by the keyboard: the menu opens under the pointer, and the last movement may come late and
+  // take the mark away from the row that a key has chosen.
+  constexpr int kStep = 8;  // less than the height of a row
+  for (int y = menu.top + kStep / 2; y < menu.bottom; y += kStep) {
+    const POINT place{(menu.left + menu.right) / 2, y};
+    MovePointer(place);
+    const wchar_t* const wanted = kExplanations[static_cast<std::size_t>(command)];
+    if (!WaitUntil([&] { return StatusText(program.StatusBar(), 2) == wanted; }, 0.3)) continue;
+    ClickAt(place);
+    return WaitUntil([] { return OpenMenu() == nullptr; });
   }
-  PressKey(VK_RETURN);
-  return WaitUntil([] { return !IsMenuOpen(); });
+  return false;
 }
 
 }  // namespace kvez::test

@@ -4,13 +4,13 @@
 
 namespace kvez::test {
 
-/// The commands of the result list's menu, by the number of steps that lead down to them.
-enum class MenuStep { Print = 1, Export = 2, Copy = 3, Mail = 4 };
+/// The commands of the result list's menu.
+enum class MenuCommand { Print, Export, Copy, Mail };
 
 /// Opens the menu of the result list by the right button; false when it does not come.
 bool OpenListMenu(const Program& program);
 
-/// Opens the menu, goes down to a command by the keyboard and chooses it; false when it cannot be reached.
-bool ChooseFromListMenu(const Program& program, MenuStep command);
+/// Opens the menu, points at a command and clicks; false when it cannot be reached.
+bool ChooseFromListMenu(const Program& program, MenuCommand command);
 
 }  // namespace kvez::test

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <thread>
@@ -213,10 +215,20 @@ void Program::Kill() {
 HWND Program::MainWindow() const { return FindTopLevel(m_processId, false); }
 
 bool Program::WaitReady(double seconds) const {
+  // Each question interrupts the program or the desktop, so what has been found is not looked for again.
+  HWND window = nullptr;
+  std::array<HWND, 4> controls{};
   return WaitUntil(
-      [this] {
-        return MainWindow() != nullptr && IsWindowVisible(MainWindow()) && Control(kPicMPSCPI) != nullptr &&
-               !IsShown(kPicMPSCPI) && (IsChecked(kOptMPSC) || IsChecked(kOptMPSC + 1) || IsChecked(kOptMPSC + 2));
+      [&] {
+        if (window == nullptr && (window = MainWindow()) == nullptr) return false;
+        if (!IsWindowVisible(window)) return false;
+        for (std::size_t i = 0; i < controls.size(); ++i) {
+          constexpr std::array<int, 4> kIds = {kPicMPSCPI, kOptMPSC, kOptMPSC + 1, kOptMPSC + 2};
+          if (controls[i] == nullptr) controls[i] = Control(kIds[i]);
+        }
+        if (controls[0] == nullptr || (GetWindowLongPtrW(controls[0], GWL_STYLE) & WS_VISIBLE) != 0) return false;
+        return std::any_of(controls.begin() + 1, controls.end(),
+                           [](HWND option) { return SendMessageW(option, BM_GETCHECK, 0, 0) == BST_CHECKED; });
       },
       seconds);
 }

@@ -55,20 +55,20 @@ bool WithoutData(const Program& program) {
   return program.WaitReady();
 }
 
-bool Choose(const Program& program, MenuStep command) {
+bool Choose(const Program& program, MenuCommand command) {
   return SearchFor(program, L"Praha*") && ChooseFromListMenu(program, command) &&
          program.Answer(program.WaitDialog(), IDYES);
 }
 
 bool ShowFolderDialog(const Program& program) {
-  if (!Choose(program, MenuStep::Export)) return false;
+  if (!Choose(program, MenuCommand::Export)) return false;
   const HWND dialog = WaitFolderDialog(program.ProcessId());
   return dialog != nullptr && SelectFolder(dialog, L"C:\\Program Files");
 }
 
 bool Print(const Program& program) {
   const PrintQueue queue;
-  return Choose(program, MenuStep::Print) && queue.WaitForDocument().pages > 0;
+  return Choose(program, MenuCommand::Print) && queue.WaitForDocument().pages > 0;
 }
 
 }  // namespace
