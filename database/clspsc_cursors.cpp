@@ -26,12 +26,12 @@ void clspsc::pscDetail(std::int32_t n) {
     SelectNoMunicipality();
     return;
   }
-  const tclspsc municipality = m_municipalities[static_cast<std::size_t>(n) - 1];
+  const std::size_t index = static_cast<std::size_t>(n) - 1;
   m_position = n;
   m_hasCurrent = true;
-  m_currentCode = municipality.tpscPSC();
-  m_currentName = municipality.tpscObec();
-  m_currentDistrictName = municipality.tpscOkres();
+  m_currentCode = m_municipalities.Code(index);
+  m_municipalities.Name(index, m_currentName);
+  m_currentDistrictName = m_municipalities.Districts()[m_municipalities.DistrictIndex(index)];
   // Where a code has no post office, the one of the municipality shown before stays. That is meant so.
   const auto postOffice = m_postOfficeIndex.First(m_currentCode);
   if (postOffice) m_currentPostOffice = m_postOffices[*postOffice].tpDodavaci();

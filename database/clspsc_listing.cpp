@@ -7,13 +7,15 @@
 namespace kvez {
 namespace {
 
-/// `name(i)` is the name of element i, counted from 0.
+/// `name(i, text)` makes the text the name of element i, counted from 0.
 template <class Name>
 void FillWithAll(ListBox& list, ProgressWindow& window, std::size_t count, std::size_t characters, Name name) {
+  std::wstring text;
   ProgressCadence cadence(count);
   ListFilling filling(list, count, characters);
   for (std::size_t i = 1; i <= count; ++i) {
-    filling.AddRow(name(i - 1), static_cast<std::int32_t>(i));
+    name(i - 1, text);
+    filling.AddRow(text, static_cast<std::int32_t>(i));
     if (cadence.Step()) window.Prubech(cadence.Fraction(i));
   }
   filling.SetExtent();
@@ -26,7 +28,7 @@ void clspsc::pscVyberVse(ListBox& list, ProgressWindow& window) {
   std::size_t characters = 0;
   for (std::size_t i = 0; i < m_municipalities.size(); ++i) characters += m_municipalities.NameLength(i);
   FillWithAll(list, window, m_municipalities.size(), characters,
-              [this](std::size_t i) { return m_municipalities.Name(i); });
+              [this](std::size_t i, std::wstring& text) { m_municipalities.Name(i, text); });
 }
 
 void clspsc::pscoVyberVse(ListBox& list, ProgressWindow& window) {
@@ -34,7 +36,7 @@ void clspsc::pscoVyberVse(ListBox& list, ProgressWindow& window) {
   std::size_t characters = 0;
   for (const tclsokresy& district : m_districts) characters += district.tpscoOkres().size();
   FillWithAll(list, window, m_districts.size(), characters,
-              [this](std::size_t i) -> const std::wstring& { return m_districts[i].tpscoOkres(); });
+              [this](std::size_t i, std::wstring& text) { text = m_districts[i].tpscoOkres(); });
 }
 
 }  // namespace kvez

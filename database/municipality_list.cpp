@@ -1,7 +1,5 @@
 #include "database/municipality_list.h"
 
-#include "database/windows1250.h"
-
 namespace kvez {
 
 void MunicipalityList::push_back(const MunicipalityFields& fields) {

@@ -9,6 +9,7 @@
 #include "database/field_reader.h"
 #include "database/name_keys.h"
 #include "database/records.h"
+#include "database/windows1250.h"
 
 namespace kvez {
 
@@ -27,6 +28,8 @@ class MunicipalityList {
 
   std::int32_t Code(std::size_t index) const { return m_entries[index].code; }
   std::wstring Name(std::size_t index) const;
+  /// The same into a text that is used for many.
+  void Name(std::size_t index, std::wstring& name) const { FromWindows1250(StoredName(index), name); }
   std::size_t NameLength(std::size_t index) const { return StoredName(index).size(); }
 
   /// Which of Districts() the municipality lies in.

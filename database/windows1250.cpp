@@ -41,13 +41,19 @@ wchar_t FromWindows1250(std::uint8_t byte) {
 }
 
 std::wstring FromWindows1250(std::span<const std::uint8_t> bytes) {
-  std::wstring text(bytes.size(), L'\0');
-  std::transform(bytes.begin(), bytes.end(), text.begin(), [](std::uint8_t byte) { return FromWindows1250(byte); });
-  return text;
+  return FromWindows1250(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
 std::wstring FromWindows1250(std::string_view bytes) {
-  return FromWindows1250(std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
+  std::wstring text;
+  FromWindows1250(bytes, text);
+  return text;
+}
+
+void FromWindows1250(std::string_view bytes, std::wstring& text) {
+  text.resize(bytes.size());
+  std::transform(bytes.begin(), bytes.end(), text.begin(),
+                 [](char byte) { return FromWindows1250(static_cast<std::uint8_t>(byte)); });
 }
 
 std::optional<std::uint8_t> ToWindows1250(wchar_t character) {

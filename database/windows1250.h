@@ -12,6 +12,8 @@ namespace kvez {
 wchar_t FromWindows1250(std::uint8_t byte);
 std::wstring FromWindows1250(std::span<const std::uint8_t> bytes);
 std::wstring FromWindows1250(std::string_view bytes);
+/// The same into a text that may have room for it already.
+void FromWindows1250(std::string_view bytes, std::wstring& text);
 
 /// The byte of one character, or nothing when the code page lacks it.
 std::optional<std::uint8_t> ToWindows1250(wchar_t character);

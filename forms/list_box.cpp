@@ -76,8 +76,14 @@ void ListBox::EndFill() {
 }
 
 void ListBox::DrawNow() {
+  if (Handle() == nullptr) return;
+  // The box brings its scroll bars up to date one after the other and draws both each time. For the system a window
+  // without WM_SETREDRAW is a hidden one, so they are drawn once, with the rest.
+  const bool visible = (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (visible) DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
   Native(WM_SETREDRAW, TRUE);
-  if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
+  if (visible) DefWindowProcW(Handle(), WM_SETREDRAW, TRUE, 0);
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 int ListBox::HorizontalExtent() const { return static_cast<int>(Native(LB_GETHORIZONTALEXTENT)); }

@@ -1,7 +1,5 @@
 #include "forms/text_ruler.h"
 
-#include <algorithm>
-
 #include "platform/windows/owned.h"
 
 namespace kvez::forms {
@@ -17,31 +15,35 @@ int MeasuredWidth(HDC context, std::wstring_view text) {
 
 }  // namespace
 
-void TextRuler::Measure(HFONT font) {
+int TextRuler::Measured(wchar_t character, HFONT font) {
   const OwnedContext context(GetDC(nullptr));
   const ObjectSelection selection(context.Get(), font);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(context.Get(), &metrics);
-  m_overhang = static_cast<int>(metrics.tmOverhang);
-  for (std::size_t i = 0; i < m_widths.size(); ++i) {
-    const auto character = static_cast<wchar_t>(i);
-    m_widths[i] = MeasuredWidth(context.Get(), {&character, 1}) - m_overhang;
+  if (m_overhang == kUnknown) {
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context.Get(), &metrics);
+    m_overhang = static_cast<int>(metrics.tmOverhang);
   }
-  m_measured = true;
+  return m_widths[character] = MeasuredWidth(context.Get(), {&character, 1}) - m_overhang;
 }
 
 int TextRuler::Width(std::wstring_view text, HFONT font) {
   if (text.empty()) return 0;
-  const bool known = std::all_of(text.begin(), text.end(), [this](wchar_t c) { return c < m_widths.size(); });
-  if (!known) {
-    const OwnedContext context(GetDC(nullptr));
-    const ObjectSelection selection(context.Get(), font);
-    return MeasuredWidth(context.Get(), text);
+  int width = 0;
+  for (const wchar_t character : text) {
+    if (character >= m_widths.size()) {
+      const OwnedContext context(GetDC(nullptr));
+      const ObjectSelection selection(context.Get(), font);
+      return MeasuredWidth(context.Get(), text);
+    }
+    const int known = m_widths[character];
+    width += known != kUnknown ? known : Measured(character, font);
   }
-  if (!m_measured) Measure(font);
-  int width = m_overhang;
-  for (const wchar_t character : text) width += m_widths[character];
-  return width;
+  return width + m_overhang;
+}
+
+void TextRuler::Forget() {
+  m_widths.fill(kUnknown);
+  m_overhang = kUnknown;
 }
 
 }  // namespace kvez::forms

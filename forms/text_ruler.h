@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <climits>
 #include <string_view>
 
 namespace kvez::forms {
@@ -11,20 +12,24 @@ namespace kvez::forms {
 /// sum over a table of characters gives the very same widths, because the device does not kern.
 class TextRuler {
  public:
+  TextRuler() { Forget(); }
+
   /// The width in pixels, as GetTextExtentPoint32W gives it.
   int Width(std::wstring_view text, HFONT font);
 
-  /// The font has changed: the table is measured anew when it is needed.
-  void Forget() { m_measured = false; }
+  /// The font has changed: what is known of the old one is forgotten.
+  void Forget();
 
  private:
-  void Measure(HFONT font);
+  static constexpr int kUnknown = INT_MIN;
 
-  // Latin letters, all Czech ones among them. Texts with others are measured as a whole.
+  int Measured(wchar_t character, HFONT font);
+
+  // Latin letters, all Czech ones among them, each measured when it first comes: a list needs a quarter of them. Texts
+  // with others are measured as a whole.
   std::array<int, 0x180> m_widths{};
   // What emboldened or slanted bitmap fonts add to a text once, however long it is.
-  int m_overhang = 0;
-  bool m_measured = false;
+  int m_overhang = kUnknown;
 };
 
 }  // namespace kvez::forms
