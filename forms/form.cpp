@@ -78,7 +78,9 @@ Form::~Form() {
 void Form::Load() {
   if (m_loaded || !IsOpen()) return;
   m_loaded = true;
+  m_loading = true;
   Form_Load();
+  m_loading = false;
 }
 
 void Form::Show() {

@@ -162,6 +162,7 @@ class Form : public Window, public Container {
   int m_clientHeight = 0;  // twips, when set
   bool m_keyPreview = false;
   bool m_loaded = false;
+  bool m_loading = false;
   bool m_shown = false;
   bool m_unloading = false;
   bool m_keepsFocus = false;

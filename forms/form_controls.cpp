@@ -55,6 +55,8 @@ void Form::RescaleToolTip() {
 }
 
 bool Form::AddToolTip(Control& control) {
+  // A pointer that happens to be where the window appears asks for nothing yet.
+  if (m_loading) return false;
   if (m_toolTip == nullptr) CreateToolTip();
   TTTOOLINFOW info = ToolInfo(control);
   if (SendMessageW(m_toolTip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info)) == 0) return false;

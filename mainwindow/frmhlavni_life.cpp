@@ -24,6 +24,9 @@ void frmhlavni::Form_Load() {
 void frmhlavni::Titul() {
   SetCaption(kApplicationTitle);
   tlHOaplikaci.SetToolTipText(L"Kontakt na autora.");
+  // The light-blue field comes first in the order of the Tab key, but with the focus it would hide the search button
+  // as long as the loading takes.
+  txtMPSC[0].SetFocus();
   Show();
   // Painted before the long loading begins.
   forms::DoEvents();

@@ -82,6 +82,14 @@ TEST_F(MainWindowLife, MessagePanelIsCentred) {
   EXPECT_EQ(place.top, (window.ClientHeight() - place.height) / 2);
 }
 
+TEST_F(MainWindowLife, SearchButtonIsThereWhileItLoads) {
+  m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
+  std::vector<bool> shown;
+  m_machine.messages.onShow = [&] { shown.push_back(m_window->tlHVyhledej.Visible()); };
+  Open();
+  EXPECT_EQ(shown, std::vector<bool>{true});
+}
+
 TEST_F(MainWindowLife, MissingDistrictsHideTheirModeAndLeaveTheOthers) {
   m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
   frmhlavni& window = Open();
