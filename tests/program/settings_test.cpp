@@ -6,6 +6,7 @@
 
 #include "tests/program/download_base.h"
 #include "tests/program/program_test.h"
+#include "tests/support/free_file.h"
 
 namespace kvez::test {
 namespace {
@@ -19,10 +20,10 @@ class SettingsWindow : public ProgramTest {
     wchar_t desktop[MAX_PATH] = {};
     SHGetFolderPathW(nullptr, CSIDL_DESKTOPDIRECTORY, nullptr, SHGFP_TYPE_CURRENT, desktop);
     link = std::filesystem::path(desktop) / L"Kvez.lnk";
-    std::filesystem::remove_all(link);
+    EXPECT_TRUE(RemoveWhenFree(link));
   }
   void TearDown() override {
-    std::filesystem::remove_all(link);
+    EXPECT_TRUE(RemoveWhenFree(link));
     ProgramTest::TearDown();
   }
 
@@ -115,7 +116,7 @@ TEST_F(SettingsWindow, AShortcutDeletedByHandComesBackAtTheEnd) {
   ASSERT_TRUE(Open(program));
   EXPECT_TRUE(Tick(1, true));
   EXPECT_TRUE(WaitWish(L"True"));
-  std::filesystem::remove(link);
+  ASSERT_TRUE(RemoveWhenFree(link));
   End(program);
   ASSERT_TRUE(std::filesystem::exists(link));
 

@@ -14,6 +14,7 @@
 #include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
 #include "settings/clszastupce.h"
+#include "tests/support/free_file.h"
 
 namespace kvez::test {
 namespace {
@@ -63,7 +64,7 @@ class Zastupce : public testing::Test {
   void TearDown() override { Clean(); }
   void Clean() {
     RegDeleteTreeW(HKEY_CURRENT_USER, kBranch);
-    std::filesystem::remove_all(link);
+    EXPECT_TRUE(test::RemoveWhenFree(link));
   }
   clszastupce Shortcut() { return clszastupce({settings, shell, automation, folder.wstring(), L"kvez"}); }
   std::wstring Wish() { return settings.Get(L"VD", L"VDKVEZ", L"zástupce", L"(none)"); }
