@@ -17,12 +17,13 @@ std::unordered_map<HWND, Window*>& Windows() {
 
 HINSTANCE ThisModule() { return GetModuleHandleW(nullptr); }
 
-void RegisterOnce(const wchar_t* className, WNDPROC procedure) {
+void RegisterOnce(const wchar_t* className, UINT style, WNDPROC procedure) {
   WNDCLASSEXW window{};
   window.cbSize = sizeof(window);
   if (GetClassInfoExW(ThisModule(), className, &window)) return;
   window = {};
   window.cbSize = sizeof(window);
+  window.style = style;
   window.lpfnWndProc = procedure;
   window.hInstance = ThisModule();
   window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -40,7 +41,7 @@ Window* Window::FromHandle(HWND handle) {
 }
 
 void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
-  RegisterOnce(className, &Procedure);
+  RegisterOnce(className, parameters.classStyle, &Procedure);
   const RECT& place = parameters.pixels;
   CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
                   place.right, place.bottom, parameters.parent,

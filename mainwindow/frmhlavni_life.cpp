@@ -68,6 +68,8 @@ void frmhlavni::BeginStep(std::wstring_view message) {
 }
 
 void frmhlavni::FillLists() {
+  // The long list is drawn when the panel no longer lies on it; each look of it takes as long as a thousand rows.
+  const FillScope listIsDrawnOnce(lstMPSC[kListAll]);
   m_statusBar.SetIcon(2, -1, L"SEZNAM");
   BeginStep(L"Vytváření uživatelského seznamu.", L"Strpení prosím, vytvářím seznam obcí.");
   m_database.pscVyberVse(m_allList, *this);

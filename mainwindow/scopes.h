@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/control.h"
+#include "forms/list_box.h"
 #include "forms/mouse_pointer.h"
 
 namespace kvez {
@@ -24,6 +25,18 @@ class VisibleScope {
 
  private:
   forms::Control& m_control;
+};
+
+/// A list box that is not drawn for as long as the object lives.
+class FillScope {
+ public:
+  explicit FillScope(forms::ListBox& list) : m_list(list) { m_list.BeginFill(0, 0); }
+  FillScope(const FillScope&) = delete;
+  FillScope& operator=(const FillScope&) = delete;
+  ~FillScope() { m_list.EndFill(); }
+
+ private:
+  forms::ListBox& m_list;
 };
 
 /// A flag that is true for as long as the object lives.

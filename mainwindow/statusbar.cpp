@@ -103,7 +103,10 @@ void StatusBar::SetText(std::wstring_view text, std::int32_t panel, std::int32_t
 void StatusBar::SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName) {
   if (!IsWindow(m_window) || panel < 0 || panel >= static_cast<std::int32_t>(kPanelCount)) return;
   const auto index = static_cast<std::size_t>(panel);
-  m_panels[index].iconName = mode == -1 ? iconName : std::wstring_view();
+  const std::wstring_view wanted = mode == -1 ? iconName : std::wstring_view();
+  // Loading an icon takes longer than all else that a hint does, and many hints in a row have the same one.
+  if (m_panels[index].iconName == wanted && (wanted.empty() || m_panels[index].icon)) return;
+  m_panels[index].iconName = wanted;
   LoadIconOf(index);
 }
 

@@ -1,37 +1,45 @@
-// The bare window that the program's start is measured against: it fills one list box with the names of a table of
-// municipalities (psc;obec;okres, UTF-8) and does nothing else. Its caption says "hotovo" when it is done.
+// The bare window that the program's start is measured against: it reads the municipalities from the data files of a
+// folder, as the program does, fills one list box with them and does nothing else. Its caption says "hotovo" when it is
+// done.
 
 #include <windows.h>
 
 #include <string>
-#include <string_view>
-#include <vector>
+
+#include "bench/windows/windows_machine.h"
+#include "database/clspsc.h"
 
 namespace {
 
-std::string ReadWhole(const wchar_t* path) {
-  const HANDLE file = CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return {};
-  std::string bytes(GetFileSize(file, nullptr), '\0');
-  DWORD read = 0;
-  if (!ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) bytes.clear();
-  CloseHandle(file);
-  return bytes;
-}
+class PlainListBox : public kvez::ListBox {
+ public:
+  explicit PlainListBox(HWND list) : m_list(list) {}
 
-void Fill(HWND list, std::string_view table) {
-  SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-  SendMessageW(list, LB_INITSTORAGE, 20000, 20000 * 40);
-  std::size_t line = table.find('\n') + 1;
-  while (line < table.size()) {
-    const std::size_t start = table.find(';', line) + 1;
-    const std::size_t end = table.find(';', start);
-    wchar_t name[256] = {};
-    MultiByteToWideChar(CP_UTF8, 0, table.data() + start, static_cast<int>(end - start), name, 255);
-    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
-    line = table.find('\n', end) + 1;
+  void Clear() override { SendMessageW(m_list, LB_RESETCONTENT, 0, 0); }
+  void BeginFill(std::size_t rows, std::size_t characters) override {
+    SendMessageW(m_list, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(m_list, LB_INITSTORAGE, rows, static_cast<LPARAM>((characters + rows) * sizeof(wchar_t)));
   }
-  SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+  void EndFill() override { SendMessageW(m_list, WM_SETREDRAW, TRUE, 0); }
+  void AddRow(std::wstring_view text, std::int32_t) override {
+    m_row.assign(text);
+    SendMessageW(m_list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str()));
+  }
+  int TextWidth(std::wstring_view) override { return 0; }
+  void SetHorizontalExtent(int) override {}
+
+ private:
+  HWND m_list;
+  std::wstring m_row;
+};
+
+void Fill(HWND list, const std::wstring& folder) {
+  kvez::WindowsMachine machine;
+  kvez::clspsc database(machine.Platform(), folder);
+  kvez::NoProgress progress;
+  database.pscNacti(progress);
+  PlainListBox box(list);
+  database.pscVyberVse(box, progress);
 }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -41,7 +49,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* path, int) {
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* folder, int) {
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = &Procedure;
   windowClass.hInstance = instance;
@@ -55,7 +63,10 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t* path, int) {
                                     2, 22, 207, 186, window, nullptr, instance, nullptr);
   ShowWindow(window, SW_SHOWNORMAL);
   UpdateWindow(window);
-  Fill(list, ReadWhole(path));
+  // The folder comes in quotation marks.
+  std::wstring name(folder);
+  std::erase(name, L'"');
+  Fill(list, name);
   UpdateWindow(list);
   SetWindowTextW(window, L"hotovo");
   MSG message{};

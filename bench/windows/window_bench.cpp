@@ -1,6 +1,6 @@
 // What the user of the window waits for: the start, the filling of the long list, a search of everything.
 //
-//   kvez_window_bench KVEZ_EXE BARE_EXE TABLE
+//   kvez_window_bench KVEZ_EXE BARE_EXE
 //
 // Prints each figure beside its limit. Pairs are measured in turn in one run, because machines are noisy; medians
 // count.
@@ -13,20 +13,12 @@
 #include <string>
 #include <vector>
 
-#include "forms/message_loop.h"
+#include "bench/windows/windows_machine.h"
 #include "mainwindow/frmhlavni.h"
 #include "platform/windows/windows_automation.h"
-#include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_downloader.h"
-#include "platform/windows/windows_files.h"
-#include "platform/windows/windows_formats.h"
 #include "platform/windows/windows_help_viewer.h"
-#include "platform/windows/windows_lz_library.h"
-#include "platform/windows/windows_message_dialog.h"
-#include "platform/windows/windows_output.h"
-#include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
-#include "platform/windows/windows_version_information.h"
 #include "tests/support/program_driver.h"
 
 namespace {
@@ -41,6 +33,8 @@ double Seconds(const std::function<void()>& action) {
   action();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
+
+std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L"\\/")); }
 
 double Best(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
 
@@ -57,11 +51,11 @@ double StartProgram(const std::wstring& exe) {
   });
 }
 
-double StartBareWindow(const std::wstring& exe, const std::wstring& table) {
+double StartBareWindow(const std::wstring& exe, const std::wstring& folder) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  std::wstring command = L"\"" + exe + L"\" " + table;
+  std::wstring command = L"\"" + exe + L"\" \"" + folder + L"\"";
   const double seconds = Seconds([&] {
     if (!CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process)) {
@@ -80,12 +74,12 @@ double StartBareWindow(const std::wstring& exe, const std::wstring& table) {
   return seconds;
 }
 
-void MeasureStart(const std::wstring& exe, const std::wstring& bare, const std::wstring& table) {
+void MeasureStart(const std::wstring& exe, const std::wstring& bare) {
   std::vector<double> programs;
   std::vector<double> bareWindows;
   for (int round = 0; round < kRounds; ++round) {
     programs.push_back(StartProgram(exe));
-    bareWindows.push_back(StartBareWindow(bare, table));
+    bareWindows.push_back(StartBareWindow(bare, FolderOf(exe)));
   }
   std::printf("start: program %.0f ms, bare window %.0f ms\n", Best(programs) * 1000, Best(bareWindows) * 1000);
   Report("start to ready, against a bare window", Best(programs) / Best(bareWindows), 1.5, "x");
@@ -101,30 +95,15 @@ void FillBare(HWND list, const std::vector<std::wstring>& names) {
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
 }
 
-class NoProgress : public ProgressWindow {
- public:
-  void Prubech(float) override {}
-  void PrubechPamet(float) override {}
-};
-
 void MeasureWindow(const std::wstring& exe) {
-  WindowsMessageDialog messages([] { return HWND{}; });
-  WindowsSettingsStore settings;
-  WindowsLzLibrary lz;
-  WindowsFiles files;
-  WindowsFormats formats;
-  WindowsClock clock;
-  WindowsVersionInformation version;
-  WindowsOutput output(
-      clock, version, [] { return HWND{}; }, &forms::DoEvents, L"Kvez");
-  const Platform platform{messages, settings, lz, files, formats, output.Services()};
-  clspsc database(platform, exe.substr(0, exe.find_last_of(L"\\/")));
+  WindowsMachine machine;
+  clspsc database(machine.Platform(), FolderOf(exe));
   WindowsDownloader downloader;
   WindowsHelpViewer help([] { return HWND{}; });
   WindowsShell shell;
   WindowsAutomation automation;
-  frmhlavni window(database, platform, clock,
-                   {downloader, help, {settings, shell, automation, std::wstring(), std::wstring()}});
+  frmhlavni window(database, machine.Platform(), machine.clock,
+                   {downloader, help, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
   window.Load();
   forms::DoEvents();
 
@@ -163,11 +142,11 @@ void MeasureWindow(const std::wstring& exe) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-  if (count != 4) {
-    std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE TABLE\n");
+  if (count != 3) {
+    std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE\n");
     return 1;
   }
-  MeasureStart(arguments[1], arguments[2], arguments[3]);
+  MeasureStart(arguments[1], arguments[2]);
   MeasureWindow(arguments[1]);
   return 0;
 }

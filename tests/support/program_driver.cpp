@@ -14,35 +14,24 @@
 namespace kvez::test {
 namespace {
 
-struct Search {
-  DWORD processId;  // 0 for any
-  bool dialog;      // a shown dialog, or else the main window
-  HWND found;
-};
-
 constexpr const wchar_t* kTitle = L"Kvez";
+constexpr const wchar_t* kMainWindowClass = L"KvezForm";
 constexpr const wchar_t* kDialogClass = L"#32770";
 constexpr int kMessageTextId = 65535;
 
-BOOL CALLBACK Look(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
-  DWORD owner = 0;
-  GetWindowThreadProcessId(window, &owner);
-  if (search.processId != 0 && owner != search.processId) return TRUE;
-  wchar_t name[64] = {};
-  GetClassNameW(window, name, 64);
-  const bool isDialog = lstrcmpW(name, kDialogClass) == 0;
-  if (isDialog != search.dialog) return TRUE;
-  if (isDialog ? !IsWindowVisible(window) : KnownText(window) != kTitle) return TRUE;
-  search.found = window;
-  return FALSE;
+/// A window of a process, or of any when `processId` is 0. Whoever waits for one asks often: the system is left to
+/// look, because each question to a window costs the program that is waited for.
+HWND FindTopLevel(DWORD processId, const wchar_t* className, const wchar_t* title) {
+  HWND window = nullptr;
+  while ((window = FindWindowExW(nullptr, window, className, title)) != nullptr) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (processId == 0 || owner == processId) return window;
+  }
+  return nullptr;
 }
 
-HWND FindTopLevel(DWORD processId, bool dialog) {
-  Search search{processId, dialog, nullptr};
-  EnumWindows(&Look, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
+HWND FindMainWindow(DWORD processId) { return FindTopLevel(processId, kMainWindowClass, kTitle); }
 
 BOOL CALLBACK CountWindow(HWND, LPARAM parameter) {
   ++*reinterpret_cast<int*>(parameter);
@@ -183,7 +172,7 @@ Program::Program(Program&& other) noexcept
     : m_process(std::exchange(other.m_process, nullptr)), m_processId(other.m_processId), m_kill(other.m_kill) {}
 
 std::optional<Program> Program::Running() {
-  const HWND window = FindTopLevel(0, false);
+  const HWND window = FindMainWindow(0);
   if (window == nullptr) return std::nullopt;
   DWORD processId = 0;
   GetWindowThreadProcessId(window, &processId);
@@ -212,7 +201,7 @@ void Program::Kill() {
   WaitForSingleObject(m_process, 10000);
 }
 
-HWND Program::MainWindow() const { return FindTopLevel(m_processId, false); }
+HWND Program::MainWindow() const { return FindMainWindow(m_processId); }
 
 bool Program::WaitReady(double seconds) const {
   // Each question interrupts the program or the desktop, so what has been found is not looked for again.
@@ -313,8 +302,8 @@ void Program::Focus(int id) const {
 }
 
 std::optional<Dialog> Program::OpenDialog() const {
-  const HWND window = FindTopLevel(m_processId, true);
-  if (window == nullptr) return std::nullopt;
+  const HWND window = FindTopLevel(m_processId, kDialogClass, nullptr);
+  if (window == nullptr || !IsWindowVisible(window)) return std::nullopt;
   Dialog dialog{window, WindowText(window), {}};
   if (const HWND text = GetDlgItem(window, kMessageTextId)) dialog.text = WindowText(text);
   return dialog;
