@@ -150,7 +150,7 @@ void Control::ApplyFont() {
     font.Reset(CreateFontIndirectW(&description));
   }
   // The window must have its new font before the old one goes.
-  Native(WM_SETFONT, reinterpret_cast<WPARAM>(font ? font.Get() : m_form->Font()), TRUE);
+  Native(WM_SETFONT, reinterpret_cast<WPARAM>(font ? font.Get() : m_form->Font()), IsWindowVisible(Handle()));
   m_ownFont = std::move(font);
   OnFontChanged();
 }

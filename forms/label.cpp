@@ -28,6 +28,7 @@ void Label::Create(Container& container, int id, const Place& place, std::wstrin
       Prepare(container, id, place, StyleOf(alignment) | SS_NOTIFY | (accessKey ? 0UL : DWORD{SS_NOPREFIX}));
   const std::wstring text(caption);
   parameters.text = text.c_str();
+  if (text.empty()) parameters.style &= ~DWORD{WS_VISIBLE};
   CreateNative(L"STATIC", parameters);
   Finish();
 }
@@ -41,8 +42,10 @@ std::wstring Label::Caption() const {
 
 void Label::SetCaption(std::wstring_view caption) {
   // The same text again would only flicker.
-  if (Handle() == nullptr || Caption() == caption) return;
+  const std::wstring before = Caption();
+  if (Handle() == nullptr || before == caption) return;
   Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::wstring(caption).c_str()));
+  if (Visible() && before.empty() != caption.empty()) ShowWindow(Handle(), caption.empty() ? SW_HIDE : SW_SHOWNA);
 }
 
 bool Label::HasAccessKey(wchar_t character) const { return m_accessKey && EventControl::HasAccessKey(character); }

@@ -9,7 +9,8 @@ namespace kvez::forms {
 
 enum class Alignment { Left, Right, Center };
 
-/// A text that wraps at words.
+/// A text that wraps at words. Without a caption its window is hidden: it has nothing to show, and every window that is
+/// shown makes the form open later.
 class Label : public EventControl {
  public:
   /// With `accessKey`, a "&" in the caption marks the key that moves the focus to the control after the label;

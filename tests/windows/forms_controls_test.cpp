@@ -363,6 +363,23 @@ TEST(LabelTest, ShowsTheMarkOfAnAccessKeyAsItIs) {
   EXPECT_EQ(label.Caption(), L"Zadání vyhovuje 12 obcí.");
 }
 
+TEST(LabelTest, IsHiddenWhileItHasNoCaption) {
+  TestForm form;
+  Label label;
+  label.Create(form, 1, {0, 0, 1500, 225});
+  const auto shown = [&label] { return (GetWindowLongPtrW(label.Handle(), GWL_STYLE) & WS_VISIBLE) != 0; };
+  EXPECT_FALSE(shown());
+  label.SetCaption(L"Obec");
+  EXPECT_TRUE(shown());
+  label.SetCaption(L"");
+  EXPECT_FALSE(shown());
+  label.SetVisible(false);
+  label.SetCaption(L"Okres");
+  EXPECT_FALSE(shown());
+  label.SetVisible(true);
+  EXPECT_TRUE(shown());
+}
+
 TEST(LabelTest, RefreshPaintsAtOnce) {
   TestForm form;
   Label label;

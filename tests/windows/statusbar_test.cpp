@@ -172,6 +172,14 @@ TEST_F(StatusBarTest, IconsDiffer) {
   EXPECT_NE(IconPixels(Icon(2)), first);
 }
 
+TEST_F(StatusBarTest, TheSameIconIsNotLoadedAgain) {
+  bar.Create(window.Handle(), false);
+  bar.SetIcon(2, -1, L"NAJDI");
+  const HICON first = Icon(2);
+  bar.SetIcon(2, -1, L"NAJDI");
+  EXPECT_EQ(Icon(2), first);
+}
+
 TEST_F(StatusBarTest, IconsScaleWithTheResolution) {
   bar.Create(window.Handle(), false);
   bar.SetIcon(2, -1, L"NAJDI");
