@@ -90,9 +90,10 @@ RECT WindowsOf(const Program& program) {
 }
 
 int Stage(const std::wstring& exe, const std::wstring& stage) {
+  // No tooltip and no hint of a hovered control in the picture.
+  MovePointer({0, 0});
   Program program(exe);
   if (!ReachStage(program, stage)) return Fail(&program, L"The program did not get to the stage " + stage);
-  // No tooltip and no hint of a hovered control in the picture.
   MovePointer({0, 0});
   program.Release();
   const RECT bounds = WindowsOf(program);
