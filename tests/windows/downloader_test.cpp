@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 #include <windows.h>
+// Stays below windows.h.
+#include <wininet.h>
 
 #include <filesystem>
 #include <fstream>
@@ -57,6 +59,23 @@ TEST_F(Downloads, AskTheServerEveryTime) {
   EXPECT_EQ(Get(L"vd1.kl_"), 0);
   EXPECT_EQ(Content(L"vd1.kl_"), "second");
   EXPECT_THAT(server.Requests(), ElementsAre("vd1.kl_", "vd1.kl_"));
+}
+
+// The system must not answer with the copy that it keeps from the last time.
+TEST_F(Downloads, ForgetTheCopyOfTheSystemFirst) {
+  const std::wstring address = server.Base() + L"vd1.kl_";
+  wchar_t copy[MAX_PATH] = {};
+  ASSERT_TRUE(CreateUrlCacheEntryW(address.c_str(), 0, L"kl_", copy, 0));
+  std::ofstream(std::filesystem::path(copy), std::ios::binary) << "stale";
+  ASSERT_TRUE(CommitUrlCacheEntryW(address.c_str(), copy, {}, {}, NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr));
+  const auto isKept = [&address] {
+    DWORD size = 0;
+    return GetUrlCacheEntryInfoW(address.c_str(), nullptr, &size) || GetLastError() == ERROR_INSUFFICIENT_BUFFER;
+  };
+  ASSERT_TRUE(isKept());
+  server.Stop();
+  EXPECT_NE(Get(L"vd1.kl_"), 0);
+  EXPECT_FALSE(isKept());
 }
 
 TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
