@@ -40,6 +40,8 @@ bool IsNormalFile(const std::wstring& path) {
 void frmhlavni::tlHAktualizace_Click() {
   // The system handles messages of its own while it downloads; none of them may start a second update in the first.
   if (m_downloading) return;
+  // What a failure just before has left to be cleared is over; it must not clear what this one says.
+  m_messageTimer.Stop();
   std::int32_t result = 0;
   {
     const BusyScope downloading(m_downloading);
@@ -113,6 +115,7 @@ void frmhlavni::tlHNapoveda_Click() {
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
     m_statusBar.SetIcon(2, -1, L"STAZENI");
+    const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
     std::int32_t result = 0;
     {
       const BusyScope downloading(m_downloading);
@@ -121,6 +124,8 @@ void frmhlavni::tlHNapoveda_Click() {
     if (result == 0) {
       m_services.help.Show(path);
     } else {
+      // A part of the file would pass for the help the next time.
+      if (isNew) DeleteFileW(path.c_str());
       m_platform.messages.Show(L"Stažení souboru nápovědy nebylo úspěšné.", MessageIcon::Exclamation,
                                kApplicationTitle);
     }

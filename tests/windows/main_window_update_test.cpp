@@ -1,8 +1,13 @@
 // The update and the help in the real main window, over a machine of the test's own.
 #include <gmock/gmock.h>
+#include <windows.h>
+// Stays below windows.h.
+#include <commctrl.h>
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <utility>
 
 #include "forms/mouse_pointer.h"
 #include "mainwindow/addresses.h"
@@ -18,6 +23,27 @@ using testing::IsEmpty;
 
 const std::wstring kLastUpdate = L"Poslední aktualizace databáze byla provedena 16.listopad 2026.";
 const std::wstring kBase = kDownloadBase;
+
+/// Calls back whenever a window is painted.
+class PaintWatch {
+ public:
+  PaintWatch(HWND window, std::function<void()> painted) : m_window(window), m_painted(std::move(painted)) {
+    SetWindowSubclass(m_window, &PaintWatch::Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+  }
+  PaintWatch(const PaintWatch&) = delete;
+  PaintWatch& operator=(const PaintWatch&) = delete;
+  ~PaintWatch() { RemoveWindowSubclass(m_window, &PaintWatch::Procedure, 1); }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                    DWORD_PTR watch) {
+    if (message == WM_PAINT) reinterpret_cast<PaintWatch*>(watch)->m_painted();
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+
+  HWND m_window;
+  std::function<void()> m_painted;
+};
 
 class MainWindowUpdate : public MainWindowTest {
  protected:
@@ -82,6 +108,28 @@ TEST_F(MainWindowUpdate, EndsInTheStateOfAFreshStartWithTheNewData) {
   EXPECT_TRUE(status->ShowsIcon(L"APLIKACE"));
 }
 
+TEST_F(MainWindowUpdate, ReleasesTheOldDataBehindTheMessagePanel) {
+  frmhlavni& window = OpenWatched();
+  window.txtMPSC[0].SetText(L"Lednice");
+  window.VyhledejSeznam();
+  ASSERT_EQ(window.lstMPSC[1].ListCount(), 1);
+  int paintings = 0;
+  const PaintWatch watch(window.picZpravaI.Handle(), [&] {
+    if (status->Text() != L"Stažení aktuálního datového souboru bylo úspěšné.") return;
+    ++paintings;
+    EXPECT_EQ(window.lblZpravaI.Caption(), L"Strpení prosím, uvolňuji paměť.");
+    EXPECT_EQ(status->Flags(), 512);
+    EXPECT_TRUE(status->ShowsIcon(L"PAMET"));
+    EXPECT_TRUE(window.picMPSCPI.Visible());
+    EXPECT_EQ(window.lstMPSC[1].ListCount(), 0);
+    EXPECT_EQ(window.lblMPSCN.Caption(), L"");
+    EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerHourglass);
+  });
+  Click(window.tlHAktualizace);
+  EXPECT_GT(paintings, 0);
+  EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerDefault);
+}
+
 TEST_F(MainWindowUpdate, ResetsTheNameModeToo) {
   frmhlavni& window = OpenWatched();
   window.txtMPSC[0].SetText(L"Praha");
@@ -135,6 +183,23 @@ TEST_F(MainWindowUpdate, FailureKeepsTheDataAndSaysSoForAWhile) {
   // The tick count of the system and its timers differ by a tick.
   EXPECT_GT(GetTickCount64() - start, 4900U);
   EXPECT_FALSE(status->HasIcon());
+}
+
+TEST_F(MainWindowUpdate, SuccessSoonAfterAFailureIsNotCleared) {
+  frmhlavni& window = OpenWatched();
+  m_commands.downloader.results = {{L"vd1.kl_", 1}};
+  Click(window.tlHAktualizace);
+  ASSERT_EQ(status->Text(), L"Byla zachována původní databáze.");
+  m_commands.downloader.results.clear();
+  Click(window.tlHAktualizace);
+  ASSERT_EQ(status->Text(), kLastUpdate);
+  // Started after it, a longer timer ends when the one of the failure would have ended.
+  static bool over;
+  over = false;
+  const UINT_PTR timer = SetTimer(nullptr, 0, 5200, [](HWND, UINT, UINT_PTR, DWORD) { over = true; });
+  ASSERT_TRUE(test::PumpUntil([] { return over; }, 20.0));
+  KillTimer(nullptr, timer);
+  EXPECT_EQ(status->Text(), kLastUpdate);
 }
 
 TEST_F(MainWindowUpdate, FailureWithoutDataClearsTheStatusAtOnce) {
@@ -238,6 +303,24 @@ TEST_F(MainWindowHelp, FailedDownloadIsSaid) {
   EXPECT_THAT(m_commands.help.shown, IsEmpty());
   EXPECT_EQ(status->Text(), L"");
   EXPECT_EQ(status->Flags(), 256);
+}
+
+TEST_F(MainWindowHelp, FailedDownloadLeavesNoPartOfTheFile) {
+  frmhlavni& window = OpenWatched();
+  m_machine.messages.answers = {true};
+  m_commands.downloader.results = {{L"kvez.chm", 1}};
+  m_commands.downloader.onDownload = [this](const std::wstring&, const std::wstring&) { CreateHelp(); };
+  Click(window.tlHNapoveda);
+  EXPECT_FALSE(std::filesystem::exists(help));
+}
+
+TEST_F(MainWindowHelp, FailedDownloadLeavesAHiddenFileAlone) {
+  frmhlavni& window = OpenWatched();
+  CreateHelp(FILE_ATTRIBUTE_HIDDEN);
+  m_machine.messages.answers = {true};
+  m_commands.downloader.results = {{L"kvez.chm", 1}};
+  Click(window.tlHNapoveda);
+  EXPECT_TRUE(std::filesystem::exists(help));
 }
 
 TEST_F(MainWindowHelp, HiddenAndSystemFilesAndFoldersCountAsMissing) {
