@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <vector>
 
 #include "database/conversion_error.h"
 #include "forms/message_loop.h"
@@ -121,6 +122,28 @@ TEST_F(Nastaveni, CaptionsFitTheirPlaces) {
     EXPECT_LE(size.cy, pixels.bottom - pixels.top);
     // The square and the gap behind it.
     EXPECT_LE(size.cx + opened.ToPixels(270), pixels.right - pixels.left);
+  }
+}
+
+// The rows are no higher than the squares: centred on lower texts, these would lose their upper edges.
+TEST_F(Nastaveni, SquaresAreDrawnWhole) {
+  const frmnastaveni& opened = Open();
+  forms::DoEvents();
+  for (const forms::CheckBox& box : opened.chkN) {
+    RedrawWindow(box.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    const RECT pixels = PixelsOf(box);
+    const HDC context = GetDC(box.Handle());
+    // Down the middle of a square: its two edges are alike.
+    const int middle = opened.ToPixels(97);
+    const COLORREF face = GetPixel(context, pixels.right - pixels.left - 1, 0);
+    std::vector<COLORREF> square;
+    for (int y = 0; y < pixels.bottom - pixels.top; ++y) {
+      if (const COLORREF colour = GetPixel(context, middle, y); colour != face) square.push_back(colour);
+    }
+    ReleaseDC(box.Handle(), context);
+    ASSERT_GT(square.size(), 2U);
+    EXPECT_EQ(square.front(), square.back());
+    EXPECT_NE(square.front(), square[square.size() / 2]);
   }
 }
 
