@@ -91,6 +91,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void CentreMessagePanel();
   void BeginStep(std::wstring_view status, std::wstring_view message);
   void BeginStep(std::wstring_view message);
+  void ShowMessage(std::wstring_view message);
   void FillLists();
   std::wstring LastUpdateText() const;
 

@@ -177,7 +177,7 @@ void frmhlavni::CreateAboutButtons() {
     const wchar_t* caption;
     const wchar_t* toolTip;
   };
-  constexpr int kPitch = 1485;
+  constexpr int kPitch = 1500;  // the last one ends where the text above ends
   constexpr int kWidth = 1395;
   const std::array<Button, 4> buttons = {{
       {tlHMeil, kTlHMeil, L"tlHMeil", 2, kMailAddress, L"&E-mail", L"Vaše přání nebo připomínky."},

@@ -63,7 +63,13 @@ void frmhlavni::BeginStep(std::wstring_view status, std::wstring_view message) {
 void frmhlavni::BeginStep(std::wstring_view message) {
   picZpravaI.Cls();
   picZpravaI.Refresh();
+  ShowMessage(message);
+}
+
+void frmhlavni::ShowMessage(std::wstring_view message) {
   lblZpravaI.SetCaption(message);
+  // Nobody handles messages while the work goes on: the panel paints itself now, or what lies behind shines through.
+  picMPSCPI.Refresh();
   lblZpravaI.Refresh();
 }
 
@@ -116,8 +122,7 @@ void frmhlavni::Form_Unload(std::int16_t& cancel) {
   }
   m_busy = true;
   picMPSCPI.SetVisible(true);
-  lblZpravaI.SetCaption(L"Nashledanou.");
-  lblZpravaI.Refresh();
+  ShowMessage(L"Nashledanou.");
   for (const List list : {kListAll, kListResult}) lstMPSC[list].Clear();
   m_services.help.CloseAll();
   if (m_settingsWindow) m_settingsWindow->Unload();

@@ -75,8 +75,7 @@ void frmhlavni::TakeOverDownloadedFiles() {
   {
     const HourglassScope hourglass;
     m_statusBar.SetIcon(2, -1, L"PAMET");
-    lblZpravaI.SetCaption(L"Strpení prosím, uvolňuji paměť.");
-    lblZpravaI.Refresh();
+    ShowMessage(L"Strpení prosím, uvolňuji paměť.");
     m_database.pscUvolniPamet(*this);
   }
   NactiDatabazi();

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
 
 namespace kvez {
@@ -88,6 +89,16 @@ TEST_F(MainWindowLife, SearchButtonIsThereWhileItLoads) {
   m_machine.messages.onShow = [&] { shown.push_back(m_window->tlHVyhledej.Visible()); };
   Open();
   EXPECT_EQ(shown, std::vector<bool>{true});
+}
+
+TEST_F(MainWindowLife, MessagePanelHidesWhatLiesBehindWhileItLoads) {
+  m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
+  COLORREF inside = CLR_INVALID;
+  m_machine.messages.onShow = [&] {
+    inside = test::Pixels::OfWindow(m_window->picMPSCPI.Handle()).At(m_window->ToPixels(60), m_window->ToPixels(60));
+  };
+  Open();
+  EXPECT_EQ(inside, GetSysColor(COLOR_BTNFACE));
 }
 
 TEST_F(MainWindowLife, MissingDistrictsHideTheirModeAndLeaveTheOthers) {
