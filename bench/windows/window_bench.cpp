@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,13 +43,22 @@ void Report(const char* what, double figure, double limit, const char* unit) {
   std::printf("%-52s %8.2f %-3s limit %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO SLOW");
 }
 
+// A start that failed is said and does not count.
+double Counted(double seconds, bool started, const char* what) {
+  if (started) return seconds;
+  std::printf("the %s did not start: error %lu\n", what, GetLastError());
+  return std::numeric_limits<double>::infinity();
+}
+
 // From the start of the process to the moment when the user may type; the end of the process is not counted.
 double StartProgram(const std::wstring& exe) {
   std::optional<Program> program;
-  return Seconds([&] {
+  bool ready = false;
+  const double seconds = Seconds([&] {
     program.emplace(exe);
-    if (!program->WaitReady()) std::printf("the program did not get ready\n");
+    ready = program->WaitReady();
   });
+  return Counted(seconds, ready, "program");
 }
 
 double StartBareWindow(const std::wstring& exe, const std::wstring& folder) {
@@ -56,22 +66,21 @@ double StartBareWindow(const std::wstring& exe, const std::wstring& folder) {
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
   std::wstring command = L"\"" + exe + L"\" \"" + folder + L"\"";
+  bool ready = false;
   const double seconds = Seconds([&] {
-    if (!CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process)) {
-      std::printf("the bare window did not start\n");
-      return;
-    }
-    WaitUntil([] {
-      const HWND window = FindWindowW(L"KvezBareWindow", nullptr);
-      return window != nullptr && WindowText(window) == L"hotovo";
-    });
+    ready =
+        CreateProcessW(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) &&
+        WaitUntil([] {
+          const HWND window = FindWindowW(L"KvezBareWindow", nullptr);
+          return window != nullptr && WindowText(window) == L"hotovo";
+        });
   });
+  const double counted = Counted(seconds, ready, "bare window");
   TerminateProcess(process.hProcess, 0);
   WaitForSingleObject(process.hProcess, 10000);
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
-  return seconds;
+  return counted;
 }
 
 void MeasureStart(const std::wstring& exe, const std::wstring& bare) {

@@ -80,6 +80,8 @@ TEST_P(FaultyFile, GivesItsMessageAndAWindowThatWorks) {
   }
   program.Focus(kTxtMPSC);
   TypeText(L"Lednice");
+  WaitUntil([&] { return program.Text(kTxtMPSC) == L"Lednice"; });
+  ASSERT_EQ(program.Text(kTxtMPSC), L"Lednice");
   PressKey(VK_RETURN);
   ASSERT_TRUE(WaitUntil([&] { return !program.Text(kLblPSCV + 1).empty(); }));
   EXPECT_EQ(program.ListCount(kLstMPSC + 1) > 0, municipalities);

@@ -297,7 +297,8 @@ void Program::Focus(int id) const {
     GUITHREADINFO information{};
     information.cbSize = sizeof information;
     GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &information);
-    return information.hwndFocus == Control(id);
+    // The focus of a window that is not in front yet gets no keys.
+    return information.hwndFocus == Control(id) && GetForegroundWindow() == MainWindow();
   });
 }
 
