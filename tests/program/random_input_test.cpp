@@ -116,19 +116,19 @@ class RandomInput : public ProgramTest {
         60.0);
   }
 
-  static bool ChoosesMode(const Program& program, WORD key, int option) {
-    PressKey(key, true);
-    return WaitUntil([&] { return program.IsChecked(option); }, 1.0);
-  }
-
   // Messages overtake input that still waits, and a waiting Enter would answer the next question. Keys keep their
-  // order: when two mode keys have done their work, nothing waits any more.
+  // order: when letters that nothing else sends have arrived, nothing waits any more. The change of the mode brings the
+  // focus into the empty field.
   static bool WorkOffInput(const Program& program) {
+    static constexpr wchar_t kMark[] = L"xzx";
     return WaitUntil(
         [&] {
           if (!Settle(program)) return false;
           SetForegroundWindow(program.MainWindow());
-          return ChoosesMode(program, 'P', kOptMPSC) && ChoosesMode(program, 'M', kOptMPSC + 1);
+          PressKey('P', true);
+          PressKey('M', true);
+          TypeText(kMark);
+          return WaitUntil([&] { return program.Text(kTxtMPSC) == kMark; }, 2.0);
         },
         60.0);
   }

@@ -30,8 +30,9 @@ class SettingsWindow : public ProgramTest {
   static HWND Handle() { return FindWindowW(L"KvezNastaveni", L"Kvez - nastavení"); }
   static HWND Box(int index) { return GetDlgItem(Handle(), kCheckBoxes + index); }
   static bool IsTicked(int index) { return SendMessageW(Box(index), BM_GETCHECK, 0, 0) == BST_CHECKED; }
-  static bool Open(const Program& program) {
-    if (!program.WaitReady()) return false;
+  static bool Open(const Program& program) { return program.WaitReady() && OpenAgain(program); }
+  /// A pointer that came over a list in between may have selected a row, which leaves the modes that mark readiness.
+  static bool OpenAgain(const Program& program) {
     program.Click(kTlHNastaveni);
     return WaitUntil(
         [] { return Handle() != nullptr && IsWindowVisible(Handle()) && GetForegroundWindow() == Handle(); });
@@ -72,7 +73,7 @@ TEST_F(SettingsWindow, AreStoredAtOnceAndShownAgain) {
   EXPECT_EQ(ReadSetting(L"nastavení1"), L"(none)");
   EXPECT_EQ(ReadSetting(L"zástupce"), L"(none)");
   EXPECT_TRUE(CloseWithEscape());
-  ASSERT_TRUE(Open(program));
+  ASSERT_TRUE(OpenAgain(program));
   EXPECT_FALSE(IsTicked(0));
   EXPECT_TRUE(IsTicked(2));
 }
