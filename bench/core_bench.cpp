@@ -28,6 +28,7 @@ using namespace kvez;
 using bench::AtLeast;
 using bench::AtMost;
 using bench::BestOf;
+using bench::BestOfUnequal;
 using bench::Pair;
 using bench::Seconds;
 using fakes::Bytes;
@@ -159,12 +160,8 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
   const int times = static_cast<int>(1000000 / rows) + 1;
   Multiplied real(municipalities, 1);
   Multiplied million(municipalities, times);
-  Pair load{1e9, 1e9};
-  for (int round = 0; round < 5; ++round) {
-    // As many short rounds as one long one takes, so that noise has the same chance in both.
-    for (int i = 0; i < times; ++i) load.first = std::min(load.first, real.Load());
-    load.second = std::min(load.second, million.Load());
-  }
+  const Pair load = BestOfUnequal(
+      5, times, [&] { return real.Load(); }, [&] { return million.Load(); });
   std::printf("a list of %zu municipalities: loading %.0f ms\n", rows * static_cast<std::size_t>(times),
               load.second * 1e3);
   AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
@@ -173,14 +170,11 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
   // heart.
   const std::array<const wchar_t*, 5> texts = {L"Lhota", L"Lednic*", L"*ves", L"*mlýn*", L"Nov*Ves"};
   for (const wchar_t* text : texts) {
-    Pair search{1e9, 1e9};
-    for (int round = 0; round < 5; ++round) {
-      for (int i = 0; i < times; ++i) {
-        for (const wchar_t* other : texts) real.Search(other);
-        search.first = std::min(search.first, real.Search(text));
-      }
-      search.second = std::min(search.second, million.Search(text));
-    }
+    const auto searchReal = [&] {
+      for (const wchar_t* other : texts) real.Search(other);
+      return real.Search(text);
+    };
+    const Pair search = BestOfUnequal(5, times, searchReal, [&] { return million.Search(text); });
     const std::string what = "searching per record, " + Utf8(text) + " (" + Microseconds(search.first) + ", " +
                              Microseconds(search.second) + ")";
     AtMost(what.c_str(), search.second / search.first / times, 1.5, "x");

@@ -37,6 +37,18 @@ inline Pair BestOf(int rounds, const std::function<void()>& first, const std::fu
   return best;
 }
 
+/// The best of `rounds` of an action and of one that is `times` as long; each returns what it took. As many short
+/// rounds as one long one takes, so that noise has the same chance in both.
+inline Pair BestOfUnequal(int rounds, int times, const std::function<double()>& first,
+                          const std::function<double()>& timesAsLong) {
+  Pair best{1e9, 1e9};
+  for (int round = 0; round < rounds; ++round) {
+    for (int i = 0; i < times; ++i) best.first = std::min(best.first, first());
+    best.second = std::min(best.second, timesAsLong());
+  }
+  return best;
+}
+
 inline void AtLeast(const char* what, double figure, double limit, const char* unit) {
   std::printf("%-58s %9.2f %-4s at least %6.2f  %s\n", what, figure, unit, limit, figure >= limit ? "ok" : "TOO SLOW");
 }

@@ -62,12 +62,8 @@ void MeasureListText(clspsc& source) {
   const Files files(source);
   Listed real(files, 1);
   Listed tenfold(files, kTimes);
-  Pair best{1e9, 1e9};
-  for (int round = 0; round < 10; ++round) {
-    // As many short rounds as one long one takes, so that noise has the same chance in both.
-    for (int i = 0; i < kTimes; ++i) best.first = std::min(best.first, real.Copy());
-    best.second = std::min(best.second, tenfold.Copy());
-  }
+  const Pair best = BestOfUnequal(
+      10, kTimes, [&] { return real.Copy(); }, [&] { return tenfold.Copy(); });
   const std::string what = "list text of " + std::to_string(real.Rows()) + " rows";
   AtMost(what.c_str(), best.first * 1e3, 50, "ms");
   AtMost("list text per row, ten times the rows", best.second / best.first / kTimes, 1.5, "x");

@@ -29,7 +29,6 @@ function(kvez_delay_loaded library)
   target_link_libraries(${target} INTERFACE ${base}.a delayimp)
 endfunction()
 
-kvez_delay_loaded(ole32 CLSIDFromProgID@8 CoCreateInstance@20 CoInitializeEx@8 CoTaskMemFree@4 CoUninitialize@0)
 kvez_delay_loaded(oleacc CreateStdAccessibleObject@16 LresultFromObject@12)
 kvez_delay_loaded(shell32 SHBrowseForFolderA@4 SHFileOperationA@4 SHGetPathFromIDListA@8 SHGetPathFromIDListW@8
                   SHGetSpecialFolderLocation@12 ShellExecuteA@24)

@@ -33,8 +33,8 @@ enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
 
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
 /// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_menu (handing the
-/// result out), frmhlavni_update (what
-/// reaches the internet), frmhlavni_about (the About panel), frmhlavni_commands (the other buttons, hints and keys).
+/// result out), frmhlavni_update (what reaches the internet), frmhlavni_about (the About panel), frmhlavni_commands
+/// (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -34,8 +35,6 @@ double Seconds(const std::function<void()>& action) {
   action();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
-
-std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L"\\/")); }
 
 double Best(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
 
@@ -88,7 +87,7 @@ void MeasureStart(const std::wstring& exe, const std::wstring& bare) {
   std::vector<double> bareWindows;
   for (int round = 0; round < kRounds; ++round) {
     programs.push_back(StartProgram(exe));
-    bareWindows.push_back(StartBareWindow(bare, FolderOf(exe)));
+    bareWindows.push_back(StartBareWindow(bare, std::filesystem::path(exe).parent_path().wstring()));
   }
   std::printf("start: program %.0f ms, bare window %.0f ms\n", Best(programs) * 1000, Best(bareWindows) * 1000);
   Report("start to ready, against a bare window", Best(programs) / Best(bareWindows), 1.5, "x");
@@ -106,7 +105,7 @@ void FillBare(HWND list, const std::vector<std::wstring>& names) {
 
 void MeasureWindow(const std::wstring& exe) {
   WindowsMachine machine;
-  clspsc database(machine.Platform(), FolderOf(exe));
+  clspsc database(machine.Platform(), std::filesystem::path(exe).parent_path().wstring());
   WindowsDownloader downloader;
   WindowsHelpViewer help([] { return HWND{}; });
   WindowsShell shell;
