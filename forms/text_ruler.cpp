@@ -1,11 +1,7 @@
 #include "forms/text_ruler.h"
 
-#include "platform/windows/owned.h"
-
 namespace kvez::forms {
 namespace {
-
-using OwnedContext = Owned<HDC, [](HDC context) { ReleaseDC(nullptr, context); }>;
 
 int MeasuredWidth(HDC context, std::wstring_view text) {
   SIZE size{};
@@ -15,15 +11,19 @@ int MeasuredWidth(HDC context, std::wstring_view text) {
 
 }  // namespace
 
+HDC TextRuler::Context() {
+  if (!m_context) m_context.Reset(CreateCompatibleDC(nullptr));
+  return m_context.Get();
+}
+
 int TextRuler::Measured(wchar_t character, HFONT font) {
-  const OwnedContext context(GetDC(nullptr));
-  const ObjectSelection selection(context.Get(), font);
+  const ObjectSelection selection(Context(), font);
   if (m_overhang == kUnknown) {
     TEXTMETRICW metrics{};
-    GetTextMetricsW(context.Get(), &metrics);
+    GetTextMetricsW(Context(), &metrics);
     m_overhang = static_cast<int>(metrics.tmOverhang);
   }
-  return m_widths[character] = MeasuredWidth(context.Get(), {&character, 1}) - m_overhang;
+  return m_widths[character] = MeasuredWidth(Context(), {&character, 1}) - m_overhang;
 }
 
 int TextRuler::Width(std::wstring_view text, HFONT font) {
@@ -31,9 +31,8 @@ int TextRuler::Width(std::wstring_view text, HFONT font) {
   int width = 0;
   for (const wchar_t character : text) {
     if (character >= m_widths.size()) {
-      const OwnedContext context(GetDC(nullptr));
-      const ObjectSelection selection(context.Get(), font);
-      return MeasuredWidth(context.Get(), text);
+      const ObjectSelection selection(Context(), font);
+      return MeasuredWidth(Context(), text);
     }
     const int known = m_widths[character];
     width += known != kUnknown ? known : Measured(character, font);

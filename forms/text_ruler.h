@@ -6,6 +6,8 @@
 #include <climits>
 #include <string_view>
 
+#include "platform/windows/owned.h"
+
 namespace kvez::forms {
 
 /// Widths of texts in one font. Measuring ten thousand names one by one takes longer than filling a list with them; a
@@ -23,8 +25,12 @@ class TextRuler {
  private:
   static constexpr int kUnknown = INT_MIN;
 
+  HDC Context();
   int Measured(wchar_t character, HFONT font);
 
+  // One for all measurements: a list needs some eighty of them, and fetching the screen's context for each takes longer
+  // than measuring.
+  OwnedMemoryContext m_context;
   // Latin letters, all Czech ones among them, each measured when it first comes: a list needs a quarter of them. Texts
   // with others are measured as a whole.
   std::array<int, 0x180> m_widths{};
