@@ -84,7 +84,7 @@ void PictureBox::FillRectangle(float left, float top, float right, float bottom)
 
 void PictureBox::Cls() {
   m_filled.clear();
-  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, TRUE);
+  Invalidate();
 }
 
 RECT PictureBox::ToPixels(const Filled& filled) const {

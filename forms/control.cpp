@@ -41,7 +41,7 @@ Window::Parameters Control::Prepare(Container& container, int id, const Place& p
   m_parent = container.ContainerHandle();
   m_place = place;
   Parameters parameters;
-  parameters.style = style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+  parameters.style = style | WS_CHILD | WS_CLIPSIBLINGS | (m_visible ? DWORD{WS_VISIBLE} : 0UL);
   parameters.extendedStyle = extendedStyle;
   parameters.parent = m_parent;
   parameters.id = id;
@@ -114,12 +114,16 @@ COLORREF Control::DefaultForeColor() const { return GetSysColor(COLOR_BTNTEXT); 
 
 void Control::SetBackColor(COLORREF color) {
   m_backColor = color;
-  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, TRUE);
+  Invalidate();
 }
 
 void Control::SetForeColor(COLORREF color) {
   m_foreColor = color;
-  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, TRUE);
+  Invalidate();
+}
+
+void Control::Invalidate() {
+  if (Handle() != nullptr && IsWindowVisible(Handle())) InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 HBRUSH Control::BackBrush() const {
@@ -218,6 +222,9 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Native(message, wParam, lParam);
       if (Handle() != nullptr) message == WM_SETFOCUS ? OnGotFocus() : OnLostFocus();
       return 0;
+    case WM_NCPAINT:
+      // Without a frame there is nothing to draw; the system would look for it as long as the painting itself takes.
+      return HasFrame() ? Native(message, wParam, lParam) : 0;
     case WM_SETCURSOR:
       return SetPointer(LOWORD(lParam)) ? TRUE : Native(message, wParam, lParam);
     case WM_SIZE: {
@@ -234,6 +241,13 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       return Native(message, wParam, lParam);
   }
+}
+
+bool Control::HasFrame() const {
+  constexpr LONG_PTR kFrames = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
+  constexpr LONG_PTR kExtendedFrames = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE | WS_EX_DLGMODALFRAME;
+  return (GetWindowLongPtrW(Handle(), GWL_STYLE) & kFrames) != 0 ||
+         (GetWindowLongPtrW(Handle(), GWL_EXSTYLE) & kExtendedFrames) != 0;
 }
 
 LRESULT Control::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -161,12 +161,15 @@ class Control : public Window {
   HBRUSH BackBrush() const;
   HCURSOR m_customPointer = nullptr;  // not owned
 
+  /// Lets the whole control be painted when the loop comes to it; a hidden one is painted anyway when it is shown.
+  void Invalidate();
   /// Applies place and font for the form's scaling.
   virtual void Rescale();
 
  private:
   LRESULT OnChar(WPARAM wParam, LPARAM lParam);
   bool SetPointer(UINT hitTest) const;
+  bool HasFrame() const;
   LRESULT OnKey(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
   void ApplyFont();

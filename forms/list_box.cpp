@@ -63,7 +63,12 @@ void ListBox::AddRow(std::wstring_view text, std::int32_t data) {
 }
 
 void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
-  if (m_fillDepth++ == 0 && !m_drawsLater) Native(WM_SETREDRAW, FALSE);
+  if (m_fillDepth++ == 0) {
+    Native(WM_SETREDRAW, FALSE);
+    // The box itself holds back its rows only, not its scroll bars, which it draws at every change. For the system a
+    // window without WM_SETREDRAW is a hidden one.
+    DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
+  }
   m_drawsLater = false;
   m_data.reserve(m_data.size() + rows);
   const std::size_t bytes = (characters + rows) * sizeof(wchar_t);
@@ -77,12 +82,11 @@ void ListBox::EndFill() {
 
 void ListBox::DrawNow() {
   if (Handle() == nullptr) return;
-  // The box brings its scroll bars up to date one after the other and draws both each time. For the system a window
-  // without WM_SETREDRAW is a hidden one, so they are drawn once, with the rest.
-  const bool visible = (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
-  if (visible) DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
+  // Still hidden for the system: the box now brings its scroll bars up to date one after the other.
+  DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
   Native(WM_SETREDRAW, TRUE);
-  if (visible) DefWindowProcW(Handle(), WM_SETREDRAW, TRUE, 0);
+  if (!Visible()) return;
+  DefWindowProcW(Handle(), WM_SETREDRAW, TRUE, 0);
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 

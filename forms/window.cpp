@@ -74,7 +74,7 @@ LRESULT Window::Native(UINT message, WPARAM wParam, LPARAM lParam) const {
 }
 
 LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  Window* window = FromHandle(handle);
   if (window == nullptr && message == WM_NCCREATE) {
     window = static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
     if (window != nullptr) window->Attach(handle);
@@ -96,13 +96,11 @@ LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void Window::Attach(HWND handle) {
   m_handle = handle;
-  SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   Windows()[handle] = this;
 }
 
 void Window::Detach() {
   Windows().erase(m_handle);
-  SetWindowLongPtrW(m_handle, GWLP_USERDATA, 0);
   m_handle = nullptr;
   m_original = nullptr;
 }

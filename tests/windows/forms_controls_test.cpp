@@ -214,6 +214,30 @@ TEST_F(ListBoxTest, FillingIsNotDrawnUntilItsEnd) {
   EXPECT_EQ(list.ListCount(), 1);
 }
 
+TEST_F(ListBoxTest, ScrollBarsAreNotDrawnWhileItIsFilled) {
+  ASSERT_TRUE(test::ShowActive(form));
+  list.BeginFill(100, 1000);
+  for (int row = 0; row < 100; ++row) list.AddRow(L"Obec", row);
+  list.SetHorizontalExtent(2000);
+  // For the system it is hidden: nothing of it is drawn.
+  EXPECT_FALSE(IsWindowVisible(list.Handle()));
+  EXPECT_TRUE(list.Visible());
+  list.EndFill();
+  EXPECT_TRUE(IsWindowVisible(list.Handle()));
+  constexpr LONG_PTR kBoth = WS_HSCROLL | WS_VSCROLL;
+  EXPECT_EQ(GetWindowLongPtrW(list.Handle(), GWL_STYLE) & kBoth, kBoth);
+}
+
+TEST_F(ListBoxTest, HiddenWhileItIsFilledStaysHidden) {
+  ASSERT_TRUE(test::ShowActive(form));
+  list.BeginFill(1, 10);
+  list.SetVisible(false);
+  list.EndFill();
+  EXPECT_FALSE(IsWindowVisible(list.Handle()));
+  list.SetVisible(true);
+  EXPECT_TRUE(IsWindowVisible(list.Handle()));
+}
+
 TEST_F(ListBoxTest, ManyRowsKeepTheirNumbers) {
   Fill(20000);
   EXPECT_EQ(list.ListCount(), 20000);
@@ -413,6 +437,28 @@ TEST(PictureBoxTest, BarKeepsWhatWasDrawn) {
   bar.FillRectangle(0, 0, 300, 300);
   bar.Refresh();
   EXPECT_EQ(Pixels::OfWindow(bar.Handle()).Count(RGB(0, 0, 255)), 20 * 20);
+}
+
+TEST(PictureBoxTest, CreatedHiddenItIsNeverShown) {
+  TestForm form;
+  PictureBox box;
+  box.SetVisible(false);
+  box.Create(form, 1, {150, 150, 3000, 300});
+  ASSERT_TRUE(test::ShowActive(form));
+  EXPECT_FALSE(IsWindowVisible(box.Handle()));
+  box.SetVisible(true);
+  EXPECT_TRUE(IsWindowVisible(box.Handle()));
+}
+
+TEST(PictureBoxTest, BordersAreDrawn) {
+  TestForm form;
+  PictureBox sunken;
+  sunken.Create(form, 1, {150, 150, 1500, 300}, PictureBorder::Sunken);
+  ASSERT_TRUE(test::ShowActive(form));
+  test::PumpInput();
+  const HDC whole = GetWindowDC(sunken.Handle());
+  EXPECT_EQ(GetPixel(whole, 5, 0), GetSysColor(COLOR_BTNSHADOW));
+  ReleaseDC(sunken.Handle(), whole);
 }
 
 TEST(PictureBoxTest, BordersTakeTheirRoomFromTheInside) {
