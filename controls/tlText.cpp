@@ -24,7 +24,10 @@ void tlText::Create(forms::Container& container, int id, const forms::Place& pla
   m_host = host != nullptr ? host : &runningForm;
   m_displayName = displayName;
   m_shellExecute = &ShellExecuteA;
-  CreateOwn(L"KvezTlText", Prepare(container, id, place, 0));
+  Parameters parameters = Prepare(container, id, place, 0);
+  // One device context for all buttons: making one for each takes longer than drawing it.
+  parameters.classStyle = CS_CLASSDC;
+  CreateOwn(L"KvezTlText", parameters);
   m_run.Hwnd = Handle();
   m_run.HasFocus = m_run.IsShown = m_run.IsDown = m_run.IsOver = m_run.InAction = false;
   Finish();
@@ -49,10 +52,14 @@ void tlText::MeasureRectangles() {
   m_run.FocusRect = m_run.ClientRect;
   InflateRect(&m_run.FocusRect, -3, -3);
   // The caption moves with the size, not only the newly seen part changes.
-  InvalidateRect(Handle(), nullptr, FALSE);
+  InvalidateIfShown();
 }
 
-void tlText::OnFontChanged() { InvalidateRect(Handle(), nullptr, FALSE); }
+void tlText::OnFontChanged() { InvalidateIfShown(); }
+
+void tlText::InvalidateIfShown() {
+  if (m_run.IsShown.IsTrue()) InvalidateRect(Handle(), nullptr, FALSE);
+}
 
 LRESULT tlText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {

@@ -1,4 +1,5 @@
 // How the button looks.
+#include <algorithm>
 #include <array>
 
 #include "controls/button_rules.h"
@@ -22,17 +23,25 @@ class WindowContext {
   HDC m_context;
 };
 
-/// Tells the system that the window is up to date, on every way out.
-class PaintNotice {
+/// What all buttons are drawn in, one after the other. It is kept: making one takes longer than the drawing.
+class OffScreen {
  public:
-  explicit PaintNotice(HWND window) : m_window(window) { BeginPaint(window, &m_paint); }
-  PaintNotice(const PaintNotice&) = delete;
-  PaintNotice& operator=(const PaintNotice&) = delete;
-  ~PaintNotice() { EndPaint(m_window, &m_paint); }
+  /// Makes room for `size` pixels like those of `window`. False when the system has none.
+  bool Fit(HDC window, SIZE size) {
+    if (!m_context) m_context.Reset(CreateCompatibleDC(window));
+    if (!m_bitmap || size.cx > m_size.cx || size.cy > m_size.cy) {
+      m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
+      m_bitmap.Reset(CreateCompatibleBitmap(window, m_size.cx, m_size.cy));
+    }
+    return m_context && m_bitmap;
+  }
+  HDC Context() const { return m_context.Get(); }
+  HBITMAP Bitmap() const { return m_bitmap.Get(); }
 
  private:
-  HWND m_window;
-  PAINTSTRUCT m_paint{};
+  OwnedMemoryContext m_context;
+  OwnedBitmap m_bitmap;
+  SIZE m_size{};
 };
 
 }  // namespace
@@ -42,21 +51,19 @@ void tlText::Repaint(const RECT& area) {
 }
 
 void tlText::OnPaint() {
-  const PaintNotice notice(Handle());
-  // A context of the button's own, not the notice's: a hover change asks for the inside only, but the border may
-  // have changed with it.
+  // Not the context of BeginPaint: a hover change asks for the inside only, but the border may have changed with it.
+  ValidateRect(Handle(), nullptr);
   const WindowContext window(Handle());
   const RECT& client = m_run.ClientRect;
   // Drawn out of sight first: no flicker, and no letters thickened by being drawn over themselves.
-  const OwnedMemoryContext memory(CreateCompatibleDC(window.Get()));
-  const OwnedBitmap bitmap(CreateCompatibleBitmap(window.Get(), client.right, client.bottom));
-  if (!memory || !bitmap) {
+  static OffScreen offScreen;
+  if (!offScreen.Fit(window.Get(), {client.right, client.bottom})) {
     Paint(window.Get());
     return;
   }
-  const ObjectSelection selection(memory.Get(), bitmap.Get());
-  Paint(memory.Get());
-  Keep(BitBlt(window.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY));
+  const ObjectSelection selection(offScreen.Context(), offScreen.Bitmap());
+  Paint(offScreen.Context());
+  Keep(BitBlt(window.Get(), 0, 0, client.right, client.bottom, offScreen.Context(), 0, 0, SRCCOPY));
 }
 
 void tlText::Paint(HDC context) {
