@@ -147,8 +147,9 @@ void Form::ApplyIcons() {
   };
   OwnedIcon smallIcon(load(SM_CXSMICON, SM_CYSMICON));
   OwnedIcon largeIcon(load(SM_CXICON, SM_CYICON));
-  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.Get()));
+  // The large one first: for the small one alone, the system would load a large one of its own.
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon.Get()));
+  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.Get()));
   m_smallIcon = std::move(smallIcon);
   m_largeIcon = std::move(largeIcon);
 }

@@ -119,11 +119,10 @@ void StatusBar::LoadIconOf(std::size_t index) {
   Panel& panel = m_panels[index];
   OwnedIcon icon;
   if (!panel.iconName.empty()) {
+    // In this size from the resource, which has a drawing for each, and not copied from the drawing for large icons.
     const int size = MulDiv(16, static_cast<int>(m_dpi), 96);
-    // The loaded icon belongs to the system. The copy is made anew from the resource, which has a drawing for each
-    // size, instead of by shrinking the loaded one.
-    const HICON loaded = LoadIconW(GetModuleHandleW(nullptr), panel.iconName.c_str());
-    icon.Reset(static_cast<HICON>(CopyImage(loaded, IMAGE_ICON, size, size, LR_COPYFROMRESOURCE)));
+    icon.Reset(static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), panel.iconName.c_str(), IMAGE_ICON, size, size,
+                                             LR_DEFAULTCOLOR)));
   }
   if (index != kMessagePanel || !m_menuExplanationShown) {
     SendMessageW(m_window, SB_SETICON, index, reinterpret_cast<LPARAM>(icon.Get()));
@@ -137,7 +136,7 @@ void StatusBar::ParentResized() {
 }
 
 void StatusBar::DpiChanged(unsigned dpi) {
-  if (!IsWindow(m_window)) return;
+  if (!IsWindow(m_window) || dpi == m_dpi) return;
   ScaleTo(dpi);
   for (std::size_t panel = 0; panel < kPanelCount; ++panel) LoadIconOf(panel);
   ParentResized();

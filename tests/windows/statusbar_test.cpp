@@ -1,5 +1,6 @@
 #include "mainwindow/statusbar.h"
 
+#include "forms/dpi.h"
 #include "mainwindow/statusbar_font.h"
 #include "tests/support/handle_count.h"
 #include "tests/windows/statusbar_fixture.h"
@@ -177,6 +178,9 @@ TEST_F(StatusBarTest, TheSameIconIsNotLoadedAgain) {
   bar.SetIcon(2, -1, L"NAJDI");
   const HICON first = Icon(2);
   bar.SetIcon(2, -1, L"NAJDI");
+  EXPECT_EQ(Icon(2), first);
+  // The form tells its resolution at every change of its size.
+  bar.DpiChanged(forms::WindowDpi(window.Handle()));
   EXPECT_EQ(Icon(2), first);
 }
 
