@@ -84,6 +84,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void CreateSearchPanel();
   void CreateButtons();
   void CreateAboutButtons();
+  /// What only lies in the About panel, when it is shown for the first time: it would make the program start later.
+  void CreateAboutTexts();
   void BindEvents();
 
   // frmhlavni_life

@@ -63,21 +63,24 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, C
 }
 
 void frmhlavni::CreateMessagePanel() {
-  picMPSCPI.Create(*this, kPicMPSCPI, {0, 0, 4500, 930}, forms::PictureBorder::Single);
   picMPSCPI.SetVisible(false);
+  picMPSCPI.Create(*this, kPicMPSCPI, {0, 0, 4500, 930}, forms::PictureBorder::Single);
   lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4200, 225});
   picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4170, 270}, forms::PictureBorder::Sunken);
   picZpravaI.SetIsProgressBar(true);
 }
 
 void frmhlavni::CreateAboutPanel() {
-  fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
   fraMPSCO.SetVisible(false);
+  fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
+  CreateAboutButtons();
+}
+
+void frmhlavni::CreateAboutTexts() {
   for (std::size_t i = 0; i < Label1to3.size(); ++i) {
     const int line = static_cast<int>(i);
     Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + 255 * line, 5895, 225});
   }
-  CreateAboutButtons();
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
   Text1.SetText(kAboutText);
 }
@@ -91,10 +94,10 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListAll].Create(*this, kLstMPSC, kListPlace);
   lstMPSC[kListAll].SetAccessibleName(L"Všechny obce");
   lstMPSC[kListAll].SetToolTipText(L"Seznam všech obcí. Výběrem obce se zobrazí její pošta a okres.");
+  lstMPSC[kListDistricts].SetVisible(false);
   lstMPSC[kListDistricts].Create(*this, kLstMPSC + 2, kListPlace);
   lstMPSC[kListDistricts].SetAccessibleName(L"Okresy");
   lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
-  lstMPSC[kListDistricts].SetVisible(false);
   lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, 3150, kColumnWidth, 210});
   lblPSCV[0].SetToolTipText(L"Počet položek v seznamu.");
   txtMPSC[0].Create(*this, kTxtMPSC, {kLeftColumn, 3390, kColumnWidth, 285});
@@ -158,13 +161,13 @@ void frmhlavni::CreateButtons() {
       {tlHNastaveni, kTlHNastaveni, L"tlHNastaveni", kBottom - kButtonPitch, L"Na&staveni", L"Uživatelské nastavení."},
       {tlHKonec, kTlHKonec, L"tlHKonec", kBottom, L"&Konec", L"Ukončení programu"},
   }};
+  // There is no result yet whose postal code could be listed.
+  tlHObcePSC.SetVisible(false);
   for (const Button& row : buttons) {
     row.button.Create(*this, row.id, {kButtonColumn, row.top, kButtonWidth, kButtonHeight}, row.name);
     row.button.ReadProperties(ButtonProperties(row.caption));
     row.button.SetToolTipText(row.toolTip);
   }
-  // There is no result yet whose postal code could be listed.
-  tlHObcePSC.SetVisible(false);
 }
 
 void frmhlavni::CreateAboutButtons() {

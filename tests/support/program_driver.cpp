@@ -213,7 +213,7 @@ bool Program::WaitReady(double seconds) const {
         if (!IsWindowVisible(window)) return false;
         for (std::size_t i = 0; i < controls.size(); ++i) {
           constexpr std::array<int, 4> kIds = {kPicMPSCPI, kOptMPSC, kOptMPSC + 1, kOptMPSC + 2};
-          if (controls[i] == nullptr) controls[i] = Control(kIds[i]);
+          if (controls[i] == nullptr) controls[i] = GetDlgItem(window, kIds[i]);
         }
         if (controls[0] == nullptr || (GetWindowLongPtrW(controls[0], GWL_STYLE) & WS_VISIBLE) != 0) return false;
         return std::any_of(controls.begin() + 1, controls.end(),

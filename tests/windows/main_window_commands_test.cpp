@@ -108,6 +108,25 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   }
 }
 
+TEST_F(MainWindowCommands, TabGoesThroughAboutAsItIsRead) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  for (const tlText* button : {&window.tlHMeil, &window.tlHWWW, &window.tlHPCInfo, &window.tlHStorno}) {
+    ASSERT_TRUE(window.FocusNext());
+    EXPECT_EQ(window.FocusedControl(), button) << ::testing::PrintToString(button->Caption());
+  }
+}
+
+TEST_F(MainWindowCommands, AboutKeepsItsTextsForTheNextTime) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  const HWND text = window.Text1.Handle();
+  Click(window.tlHStorno);
+  Click(window.tlHOaplikaci);
+  EXPECT_EQ(window.Text1.Handle(), text);
+  EXPECT_EQ(window.FocusedControl(), &window.Text1);
+}
+
 TEST_F(MainWindowCommands, StornoGoesBackToSearching) {
   frmhlavni& window = Open();
   Click(window.tlHOaplikaci);
