@@ -73,7 +73,8 @@ class Control : public Window {
 
   /// The control's own wish; it is seen when its container is seen as well.
   bool Visible() const { return m_visible; }
-  /// Hiding or disabling the control that has the keyboard focus hands the focus to the next one.
+  /// Hiding or disabling the control that has the keyboard focus hands the focus to the next one. A control that is
+  /// hidden before it is created never shows, not even for a moment.
   void SetVisible(bool visible);
   bool Enabled() const { return m_enabled; }
   virtual void SetEnabled(bool enabled);
