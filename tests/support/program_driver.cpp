@@ -98,6 +98,9 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
 void MovePointer(POINT screen) {
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
+  // The pointer of the display moves along: where it is left behind, a window that appears under it or goes away lets
+  // the next click fall there.
+  SetCursorPos(screen.x, screen.y);
   INPUT input{};
   input.type = INPUT_MOUSE;
   // Absolute coordinates run from 0 to 65535; the half pixel keeps the rounding inside the wanted one.
