@@ -98,9 +98,6 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
 void MovePointer(POINT screen) {
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
-  // The pointer of the display moves along: where it is left behind, a window that appears under it or goes away lets
-  // the next click fall there.
-  SetCursorPos(screen.x, screen.y);
   INPUT input{};
   input.type = INPUT_MOUSE;
   // Absolute coordinates run from 0 to 65535; the half pixel keeps the rounding inside the wanted one.
@@ -111,6 +108,9 @@ void MovePointer(POINT screen) {
 }
 
 void ClickAt(POINT screen, bool rightButton) {
+  // The pointer of the display moves along: where it is left behind, a window that appears under it draws the click to
+  // itself. Movements alone do without, because they and the display's own come in any order.
+  SetCursorPos(screen.x, screen.y);
   MovePointer(screen);
   INPUT inputs[2] = {};
   inputs[0].type = inputs[1].type = INPUT_MOUSE;
