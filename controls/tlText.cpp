@@ -52,14 +52,10 @@ void tlText::MeasureRectangles() {
   m_run.FocusRect = m_run.ClientRect;
   InflateRect(&m_run.FocusRect, -3, -3);
   // The caption moves with the size, not only the newly seen part changes.
-  InvalidateIfShown();
+  Invalidate();
 }
 
-void tlText::OnFontChanged() { InvalidateIfShown(); }
-
-void tlText::InvalidateIfShown() {
-  if (m_run.IsShown.IsTrue()) InvalidateRect(Handle(), nullptr, FALSE);
-}
+void tlText::OnFontChanged() { Invalidate(); }
 
 LRESULT tlText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {

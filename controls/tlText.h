@@ -142,8 +142,6 @@ class tlText : public forms::Control {
  private:
   void Notify(std::wstring_view key);
   void RepaintIfShown();
-  /// A button that was never shown has no picture that could be outdated.
-  void InvalidateIfShown();
   void Repaint(const RECT& area);
   void Keep(std::intptr_t result) { m_run.LastResult = static_cast<std::int32_t>(result); }
   void MeasureRectangles();

@@ -119,10 +119,11 @@ void StatusBar::LoadIconOf(std::size_t index) {
   Panel& panel = m_panels[index];
   OwnedIcon icon;
   if (!panel.iconName.empty()) {
-    // In this size from the resource, which has a drawing for each, and not copied from the drawing for large icons.
     const int size = MulDiv(16, static_cast<int>(m_dpi), 96);
-    icon.Reset(static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), panel.iconName.c_str(), IMAGE_ICON, size, size,
-                                             LR_DEFAULTCOLOR)));
+    // The loaded icon belongs to the system. The copy is made anew from the resource, which has a drawing for each
+    // size, instead of by shrinking the loaded one.
+    const HICON loaded = LoadIconW(GetModuleHandleW(nullptr), panel.iconName.c_str());
+    icon.Reset(static_cast<HICON>(CopyImage(loaded, IMAGE_ICON, size, size, LR_COPYFROMRESOURCE)));
   }
   if (index != kMessagePanel || !m_menuExplanationShown) {
     SendMessageW(m_window, SB_SETICON, index, reinterpret_cast<LPARAM>(icon.Get()));
