@@ -2,15 +2,19 @@
 #include "controls/tlText.h"
 
 #include <oleacc.h>
-#include <shellapi.h>
 
 #include "forms/access_key.h"
 #include "forms/form.h"
 
 namespace kvez {
 
-COLORREF tlTextHost::AmbientBackColor(const tlText& button) const { return button.OwnerForm().BackColor(); }
-COLORREF tlTextHost::AmbientForeColor(const tlText& button) const { return button.OwnerForm().ForeColor(); }
+tlTextHost& tlTextHost::RunningForm() {
+  static tlTextHost runningForm;
+  return runningForm;
+}
+
+COLORREF tlTextHost::AmbientBackColor(const tlText&) const { return forms::Form::BackColor(); }
+COLORREF tlTextHost::AmbientForeColor(const tlText&) const { return forms::Form::ForeColor(); }
 std::wstring tlTextHost::DisplayName(const tlText& button) const { return button.DisplayName(); }
 bool tlTextHost::IsCancelButton(const tlText& button) const { return button.OwnerForm().CancelButton() == &button; }
 void tlTextHost::PropertyChanged(tlText&, std::wstring_view) {}
@@ -20,13 +24,13 @@ tlText::~tlText() = default;
 
 void tlText::Create(forms::Container& container, int id, const forms::Place& place, std::wstring_view displayName,
                     tlTextHost* host) {
-  static tlTextHost runningForm;
-  m_host = host != nullptr ? host : &runningForm;
+  if (host != nullptr) m_host = host;
   m_displayName = displayName;
-  m_shellExecute = &ShellExecuteA;
   Parameters parameters = Prepare(container, id, place, 0);
   // One device context for all buttons: making one for each takes longer than drawing it.
   parameters.classStyle = CS_CLASSDC;
+  parameters.text = m_caption.c_str();
+  if (m_enabledProperty.IsZero()) parameters.style |= WS_DISABLED;
   CreateOwn(L"KvezTlText", parameters);
   m_run.Hwnd = Handle();
   m_run.HasFocus = m_run.IsShown = m_run.IsDown = m_run.IsOver = m_run.InAction = false;

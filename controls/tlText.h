@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// After windows.h, whose types it needs.
+#include <shellapi.h>
 
 #include <cstdint>
 #include <functional>
@@ -20,6 +22,7 @@ class tlText;
 class tlTextHost {
  public:
   virtual ~tlTextHost() = default;
+  static tlTextHost& RunningForm();
 
   virtual COLORREF AmbientBackColor(const tlText& button) const;
   virtual COLORREF AmbientForeColor(const tlText& button) const;
@@ -33,8 +36,8 @@ class tlTextHost {
 /// The button of the main window: draws itself, changes its colour under the pointer, and raises Click or opens
 /// something through the shell.
 ///
-///   tlHKonec.Create(*this, kTlHKonec, {0, 0, 1215, 345}, L"tlHKonec");
 ///   tlHKonec.ReadProperties({{L"C", L"&Konec"}});
+///   tlHKonec.Create(*this, kTlHKonec, {0, 0, 1215, 345}, L"tlHKonec");
 ///
 /// Properties have a getter and a setter; a setter notifies the host and, once the button is shown, repaints.
 class tlText : public forms::Control {
@@ -60,7 +63,8 @@ class tlText : public forms::Control {
   tlText() = default;
   ~tlText() override;
 
-  /// `host` is the form itself when it is null; another one outlives the button.
+  /// Makes the window, with the properties read before; a running form is the quickest so. Only the default caption,
+  /// the display name, is not known before. `host` is the form itself when it is null; another one outlives the button.
   void Create(forms::Container& container, int id, const forms::Place& place, std::wstring_view displayName,
               tlTextHost* host = nullptr);
   /// The defaults of a button that is newly placed on a form. Its next resize gives it its first size.
@@ -167,10 +171,10 @@ class tlText : public forms::Control {
   void RunAction();
   void ShellOpen(const std::wstring& target);
 
-  tlTextHost* m_host = nullptr;
+  tlTextHost* m_host = &tlTextHost::RunningForm();
   std::wstring m_displayName;
   std::wstring m_accessKeys;
-  ShellExecuteFunction m_shellExecute;
+  ShellExecuteFunction m_shellExecute = &ShellExecuteA;
   RunTimeFields m_run;
   bool m_pointerAnnounced = false;  // the last MouseMoveEnabled was true
   bool m_releasingCapture = false;

@@ -57,15 +57,20 @@ void Control::Finish() {
 }
 
 void Control::Move(const Place& place) {
+  if (place == m_place) return;
   m_place = place;
+  ApplyPlace();
+}
+
+void Control::ApplyPlace() {
   if (Handle() == nullptr) return;
-  SetWindowPos(Handle(), nullptr, m_form->ToPixels(place.left), m_form->ToPixels(place.top),
-               m_form->ToPixels(place.width), m_form->ToPixels(place.height), SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(Handle(), nullptr, m_form->ToPixels(m_place.left), m_form->ToPixels(m_place.top),
+               m_form->ToPixels(m_place.width), m_form->ToPixels(m_place.height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Control::Rescale() {
   ApplyFont();
-  Move(m_place);
+  ApplyPlace();
 }
 
 void Control::SetVisible(bool visible) {

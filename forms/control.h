@@ -174,6 +174,7 @@ class Control : public Window {
   LRESULT OnKey(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
   void ApplyFont();
+  void ApplyPlace();
 
   Form* m_form = nullptr;
   HWND m_parent = nullptr;

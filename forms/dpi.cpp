@@ -12,6 +12,7 @@ Function UserFunction(const char* name) {
 }
 
 using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
+using GetDpiForSystemFunction = UINT(WINAPI*)();
 using AdjustFunction = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
 using ParametersFunction = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
 using MetricsFunction = int(WINAPI*)(int, UINT);
@@ -19,6 +20,8 @@ using MetricsFunction = int(WINAPI*)(int, UINT);
 }  // namespace
 
 unsigned SystemDpi() {
+  static const auto getDpiForSystem = UserFunction<GetDpiForSystemFunction>("GetDpiForSystem");
+  if (getDpiForSystem != nullptr) return getDpiForSystem();
   const HDC screen = GetDC(nullptr);
   const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
   ReleaseDC(nullptr, screen);

@@ -37,33 +37,31 @@ RECT ClientOf(HWND window) {
   return client;
 }
 
-/// Puts `window` into the middle of `around`, inside the work area of that monitor.
-void CenterIn(HWND window, const RECT& around) {
+SIZE SizeOf(HWND window) {
   RECT outer{};
   GetWindowRect(window, &outer);
-  const LONG width = outer.right - outer.left;
-  const LONG height = outer.bottom - outer.top;
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromRect(&around, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const LONG left =
-      std::max(work.left, std::min(around.left + (around.right - around.left - width) / 2, work.right - width));
-  const LONG top =
-      std::max(work.top, std::min(around.top + (around.bottom - around.top - height) / 2, work.bottom - height));
-  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
 }  // namespace
 
-Form::Form(BorderStyle border, const Form* owner, const wchar_t* className) {
+Form::Form(const FormDesign& design)
+    : m_iconName(design.icon), m_clientWidth(design.clientWidth), m_clientHeight(design.clientHeight) {
   Parameters parameters;
-  parameters.style = StyleOf(border);
-  parameters.extendedStyle = ExtendedStyleOf(border);
-  parameters.parent = owner != nullptr ? owner->Handle() : nullptr;
-  parameters.pixels = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT};
-  CreateOwn(className, parameters);
+  parameters.style = StyleOf(design.border);
+  parameters.extendedStyle = ExtendedStyleOf(design.border);
+  parameters.parent = design.owner != nullptr ? design.owner->Handle() : nullptr;
+  parameters.classIcon = design.icon;
+  // The scaling of its screen is known only when the window is there, but most often it is this one. A window is slow
+  // to resize and slow to be given other icons than those of its class.
+  const unsigned expectedDpi = SystemDpi();
+  const SIZE outer = OuterSize(parameters.style, parameters.extendedStyle, expectedDpi);
+  parameters.pixels = {CW_USEDEFAULT, CW_USEDEFAULT, outer.cx, outer.cy};
+  CreateOwn(design.className, parameters);
   m_dpi = WindowDpi(Handle());
+  ApplyClientSize();
+  if (m_dpi != expectedDpi) ApplyIcons();
+  Center();
   CreateFont();
   // Underlined access keys and focus marks are always shown: the drawn buttons always show theirs.
   SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
@@ -133,15 +131,10 @@ void Form::SetCaption(std::wstring_view caption) {
   if (IsOpen()) SetWindowTextW(Handle(), std::wstring(caption).c_str());
 }
 
-void Form::SetIcon(std::wstring_view resourceName) {
-  m_iconName = resourceName;
-  ApplyIcons();
-}
-
 void Form::ApplyIcons() {
-  if (!IsOpen() || m_iconName.empty()) return;
+  if (m_iconName == nullptr) return;
   const auto load = [this](int widthMetric, int heightMetric) {
-    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), m_iconName.c_str(), IMAGE_ICON,
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), m_iconName, IMAGE_ICON,
                                          SystemMetric(widthMetric, m_dpi), SystemMetric(heightMetric, m_dpi),
                                          LR_DEFAULTCOLOR));
   };
@@ -160,40 +153,44 @@ void Form::SetClientSize(int widthTwips, int heightTwips) {
   ApplyClientSize();
 }
 
+SIZE Form::OuterSize(DWORD style, DWORD extendedStyle, unsigned dpi) const {
+  const RECT client{0, 0, TwipsToPixels(m_clientWidth, dpi), TwipsToPixels(m_clientHeight, dpi)};
+  const RECT outer = OuterRectangle(client, style, extendedStyle, dpi);
+  return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
 void Form::ApplyClientSize() {
-  if (!IsOpen() || m_clientWidth == 0) return;
-  const SIZE wanted{ToPixels(m_clientWidth), ToPixels(m_clientHeight)};
-  const RECT guess = OuterRectangle({0, 0, wanted.cx, wanted.cy}, StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
-  SIZE outer{guess.right - guess.left, guess.bottom - guess.top};
-  const auto resize = [this, &outer] {
+  if (!IsOpen()) return;
+  const auto resize = [this](SIZE outer) {
+    const SIZE present = SizeOf(Handle());
+    if (outer.cx == present.cx && outer.cy == present.cy) return;
     SetWindowPos(Handle(), nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   };
-  resize();
+  const SIZE outer = OuterSize(StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
+  resize(outer);
   // Before Windows 10 the frame does not scale along with the screen: what came out has the last word.
   const RECT client = ClientOf(Handle());
-  if (client.right == wanted.cx && client.bottom == wanted.cy) return;
-  outer.cx += wanted.cx - client.right;
-  outer.cy += wanted.cy - client.bottom;
-  resize();
+  resize({outer.cx + ToPixels(m_clientWidth) - client.right, outer.cy + ToPixels(m_clientHeight) - client.bottom});
 }
 
 int Form::ClientWidth() const { return ToTwips(ClientOf(Handle()).right); }
 int Form::ClientHeight() const { return ToTwips(ClientOf(Handle()).bottom); }
 
-void Form::CenterOnScreen() {
-  if (!IsOpen()) return;
+/// In the middle of the owner or of the screen, and always on one screen.
+void Form::Center() {
+  const HWND owner = GetWindow(Handle(), GW_OWNER);
   MONITORINFO monitor{};
   monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTOPRIMARY), &monitor);
-  CenterIn(Handle(), monitor.rcWork);
-}
-
-void Form::CenterOnOwner() {
-  const HWND owner = IsOpen() ? GetWindow(Handle(), GW_OWNER) : nullptr;
-  if (owner == nullptr) return CenterOnScreen();
-  RECT around{};
-  GetWindowRect(owner, &around);
-  CenterIn(Handle(), around);
+  GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  RECT around = work;
+  if (owner != nullptr) GetWindowRect(owner, &around);
+  const SIZE outer = SizeOf(Handle());
+  const LONG left =
+      std::max(work.left, std::min(around.left + (around.right - around.left - outer.cx) / 2, work.right - outer.cx));
+  const LONG top =
+      std::max(work.top, std::min(around.top + (around.bottom - around.top - outer.cy) / 2, work.bottom - outer.cy));
+  SetWindowPos(Handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int Form::ToPixels(int twips) const { return TwipsToPixels(twips, m_dpi); }

@@ -23,10 +23,19 @@ enum class BorderStyle {
 /// Why a form is unloaded.
 enum class UnloadMode : std::int16_t { User = 0, Code = 1, SessionEnd = 2 };
 
+/// What a form is made as.
+struct FormDesign {
+  const wchar_t* className = L"KvezForm";
+  BorderStyle border = BorderStyle::FixedSingle;
+  int clientWidth = 0;            // twips
+  int clientHeight = 0;           // twips
+  const wchar_t* icon = nullptr;  // the resource's name, the same for all forms of the class; null for none
+  const Form* owner = nullptr;    // the form is kept in front of this one; may be null
+};
+
 /// A top-level window. Its controls are members of the derived class, created in its constructor:
 ///
-///   Kvez::Kvez() : Form(BorderStyle::FixedSingle) {
-///     SetClientSize(6300, 4500);
+///   Kvez::Kvez() : Form({.clientWidth = 6300, .clientHeight = 4500}) {
 ///     txtMPSC[0].Create(*this, kTxtMPSC, {30, 3390, 3105, 285});
 ///     txtMPSC[0].KeyDown = [this](std::int16_t& KeyCode, std::int16_t Shift) { txtMPSC_KeyDown(0, KeyCode, Shift); };
 ///   }
@@ -35,8 +44,8 @@ enum class UnloadMode : std::int16_t { User = 0, Code = 1, SessionEnd = 2 };
 /// that ignore what they are told. It must not be deleted inside one of its own events.
 class Form : public Window, public Container {
  public:
-  /// Creates the hidden window. `owner` keeps the form in front of another one; it may be null.
-  explicit Form(BorderStyle border, const Form* owner = nullptr, const wchar_t* className = L"KvezForm");
+  /// Creates the hidden window in the middle of its owner, or of the screen that the system has chosen for it.
+  explicit Form(const FormDesign& design);
   ~Form() override;
 
   /// Runs Form_Load, once.
@@ -52,18 +61,14 @@ class Form : public Window, public Container {
 
   std::wstring Caption() const;
   void SetCaption(std::wstring_view caption);
-  /// The icon resource's name; each scaling gets its own sizes.
-  void SetIcon(std::wstring_view resourceName);
 
   void SetClientSize(int widthTwips, int heightTwips);
   int ClientWidth() const;   // twips
   int ClientHeight() const;  // twips
-  void CenterOnScreen();
-  /// In the middle of the owner, kept on its screen.
-  void CenterOnOwner();
 
-  COLORREF BackColor() const { return GetSysColor(COLOR_BTNFACE); }
-  COLORREF ForeColor() const { return GetSysColor(COLOR_BTNTEXT); }
+  /// The same for all forms: the system's, which may change.
+  static COLORREF BackColor() { return GetSysColor(COLOR_BTNFACE); }
+  static COLORREF ForeColor() { return GetSysColor(COLOR_BTNTEXT); }
 
   /// Dots per inch of the window now.
   unsigned Dpi() const { return m_dpi; }
@@ -139,6 +144,8 @@ class Form : public Window, public Container {
   void RescaleControls();
   void ApplyIcons();
   void ApplyClientSize();
+  SIZE OuterSize(DWORD style, DWORD extendedStyle, unsigned dpi) const;
+  void Center();
   Control* Reachable(std::size_t start, bool backwards, const Control* except) const;
   std::size_t PositionOf(const Control* control) const;
   bool Focus(Control* control);
@@ -149,7 +156,7 @@ class Form : public Window, public Container {
 
   unsigned m_dpi = 96;
   OwnedFont m_font;
-  std::wstring m_iconName;
+  const wchar_t* m_iconName = nullptr;
   OwnedIcon m_smallIcon;
   OwnedIcon m_largeIcon;
   std::vector<Control*> m_controls;
@@ -158,8 +165,8 @@ class Form : public Window, public Container {
   HWND m_focusWhenActive = nullptr;
   Control* m_defaultButton = nullptr;
   Control* m_cancelButton = nullptr;
-  int m_clientWidth = 0;   // twips, when set
-  int m_clientHeight = 0;  // twips, when set
+  int m_clientWidth;   // twips
+  int m_clientHeight;  // twips
   bool m_keyPreview = false;
   bool m_loaded = false;
   bool m_loading = false;

@@ -17,7 +17,7 @@ std::unordered_map<HWND, Window*>& Windows() {
 
 HINSTANCE ThisModule() { return GetModuleHandleW(nullptr); }
 
-void RegisterOnce(const wchar_t* className, UINT style, WNDPROC procedure) {
+void RegisterOnce(const wchar_t* className, UINT style, const wchar_t* icon, WNDPROC procedure) {
   WNDCLASSEXW window{};
   window.cbSize = sizeof(window);
   if (GetClassInfoExW(ThisModule(), className, &window)) return;
@@ -27,6 +27,8 @@ void RegisterOnce(const wchar_t* className, UINT style, WNDPROC procedure) {
   window.lpfnWndProc = procedure;
   window.hInstance = ThisModule();
   window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  // The system takes the small icon from the same resource.
+  if (icon != nullptr) window.hIcon = LoadIconW(ThisModule(), icon);
   window.lpszClassName = className;
   RegisterClassExW(&window);
 }
@@ -41,7 +43,7 @@ Window* Window::FromHandle(HWND handle) {
 }
 
 void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
-  RegisterOnce(className, parameters.classStyle, &Procedure);
+  RegisterOnce(className, parameters.classStyle, parameters.classIcon, &Procedure);
   const RECT& place = parameters.pixels;
   CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
                   place.right, place.bottom, parameters.parent,

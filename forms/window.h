@@ -25,8 +25,9 @@ class Window {
     DWORD extendedStyle = 0;
     HWND parent = nullptr;  // the owner, for a top-level window
     int id = 0;
-    UINT classStyle = 0;  // of a class of this program
-    RECT pixels{};        // left, top, width, height (not right and bottom)
+    UINT classStyle = 0;                 // of a class of this program
+    const wchar_t* classIcon = nullptr;  // of a class of this program: the name of a resource
+    RECT pixels{};                       // left, top, width, height (not right and bottom)
   };
 
   /// Creates a window of a class of this program, registered when it is first used. Throws Error when the system

@@ -80,12 +80,12 @@ class frmhlavni : public forms::Form, public ProgressWindow {
  private:
   // frmhlavni_layout
   void CreateMessagePanel();
+  /// The About panel's buttons as they are designed. Their windows are made with the rest of the panel, when it is
+  /// shown for the first time: they would make the program start later.
+  void DesignAboutPanel();
   void CreateAboutPanel();
   void CreateSearchPanel();
   void CreateButtons();
-  void CreateAboutButtons();
-  /// What only lies in the About panel, when it is shown for the first time: it would make the program start later.
-  void CreateAboutTexts();
   void BindEvents();
 
   // frmhlavni_life

@@ -7,7 +7,7 @@ namespace kvez {
 
 void frmhlavni::tlHOaplikaci_Click() {
   for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHOaplikaci, &tlHNastaveni}) button->SetEnabled(false);
-  if (Text1.Handle() == nullptr) CreateAboutTexts();
+  if (fraMPSCO.Handle() == nullptr) CreateAboutPanel();
   Label1to3[0].SetCaption(L"Název: " + std::wstring(kApplicationTitle));
   VersionInformation& version = m_platform.output.version;
   Label1to3[1].SetCaption(L"Verze: " + version.ProductVersion());

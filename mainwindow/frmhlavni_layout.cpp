@@ -29,6 +29,9 @@ constexpr int kClientHeight = 4065 + 345;
 
 constexpr Place kListPlace = {kLeftColumn, 330, kColumnWidth, 2790};
 
+// Where the loading puts it as well, so that nothing has to move then.
+constexpr Place kMessagePanelPlace = {(kClientWidth - 4500) / 2, (kClientHeight - 930) / 2, 4500, 930};
+
 // RGB of the light-blue field, by which the settings window calls it.
 constexpr COLORREF kLightBlue = RGB(0xD7, 0xEB, 0xFF);
 
@@ -40,21 +43,36 @@ MemoryPropertyBag ButtonProperties(const wchar_t* caption) {
   return {{L"FoD", 1}, {L"DC", 0x008000}, {L"C", std::wstring(caption)}};
 }
 
+struct AboutButton {
+  tlText frmhlavni::*button;
+  int id;
+  const wchar_t* name;
+  std::int32_t mode;
+  const wchar_t* file;
+  const wchar_t* caption;
+  const wchar_t* toolTip;
+};
+
+constexpr std::array<AboutButton, 4> kAboutButtons = {{
+    {&frmhlavni::tlHMeil, kTlHMeil, L"tlHMeil", 2, kMailAddress, L"&E-mail", L"Vaše přání nebo připomínky."},
+    {&frmhlavni::tlHWWW, kTlHWWW, L"tlHWWW", 1, kWebPage, L"&Internet", L"Stránky programu."},
+    {&frmhlavni::tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"msinfo32", L"&PC-info",
+     L"Systémové informace Vašeho počítače."},
+    {&frmhlavni::tlHStorno, kTlHStorno, L"tlHStorno", 0, L"", L"&Storno", L"Návrat na vyhledávání."},
+}};
+
 }  // namespace
 
 frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, CommandServices services)
-    : Form(forms::BorderStyle::FixedSingle),
+    : Form({.clientWidth = kClientWidth, .clientHeight = kClientHeight, .icon = L"APLIKACE"}),
       m_database(database),
       m_platform(platform),
       m_services(std::move(services)),
       m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()) {
-  SetIcon(L"APLIKACE");
-  SetClientSize(kClientWidth, kClientHeight);
-  CenterOnScreen();
   SetKeyPreview(true);
   // What is created first lies in front.
   CreateMessagePanel();
-  CreateAboutPanel();
+  DesignAboutPanel();
   CreateSearchPanel();
   CreateButtons();
   tmrMPSC.Create(*this, kDeferredSearchMilliseconds);
@@ -64,25 +82,41 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, C
 
 void frmhlavni::CreateMessagePanel() {
   picMPSCPI.SetVisible(false);
-  picMPSCPI.Create(*this, kPicMPSCPI, {0, 0, 4500, 930}, forms::PictureBorder::Single);
+  picMPSCPI.Create(*this, kPicMPSCPI, kMessagePanelPlace, forms::PictureBorder::Single);
   lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4200, 225});
   picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4170, 270}, forms::PictureBorder::Sunken);
   picZpravaI.SetIsProgressBar(true);
 }
 
-void frmhlavni::CreateAboutPanel() {
+void frmhlavni::DesignAboutPanel() {
   fraMPSCO.SetVisible(false);
-  fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
-  CreateAboutButtons();
+  for (const AboutButton& row : kAboutButtons) {
+    MemoryPropertyBag properties = ButtonProperties(row.caption);
+    properties.WriteInteger(L"SEM", row.mode);
+    properties.WriteString(L"SEF", row.file);
+    (this->*row.button).ReadProperties(properties);
+    (this->*row.button).SetToolTipText(row.toolTip);
+  }
 }
 
-void frmhlavni::CreateAboutTexts() {
+void frmhlavni::CreateAboutPanel() {
+  fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
   for (std::size_t i = 0; i < Label1to3.size(); ++i) {
     const int line = static_cast<int>(i);
     Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + 255 * line, 5895, 225});
   }
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
   Text1.SetText(kAboutText);
+  constexpr int kPitch = 1500;  // the last one ends where the text above ends
+  constexpr int kWidth = 1395;
+  int left = 180;
+  for (const AboutButton& row : kAboutButtons) {
+    (this->*row.button).Create(fraMPSCO, row.id, {left, 3540, kWidth, kButtonHeight}, row.name);
+    left += kPitch;
+  }
+  fraMPSCO.BringToFront();
+  // It says goodbye in front of everything.
+  picMPSCPI.BringToFront();
 }
 
 void frmhlavni::CreateSearchPanel() {
@@ -164,39 +198,9 @@ void frmhlavni::CreateButtons() {
   // There is no result yet whose postal code could be listed.
   tlHObcePSC.SetVisible(false);
   for (const Button& row : buttons) {
-    row.button.Create(*this, row.id, {kButtonColumn, row.top, kButtonWidth, kButtonHeight}, row.name);
     row.button.ReadProperties(ButtonProperties(row.caption));
+    row.button.Create(*this, row.id, {kButtonColumn, row.top, kButtonWidth, kButtonHeight}, row.name);
     row.button.SetToolTipText(row.toolTip);
-  }
-}
-
-void frmhlavni::CreateAboutButtons() {
-  struct Button {
-    tlText& button;
-    int id;
-    const wchar_t* name;
-    std::int32_t mode;
-    const wchar_t* file;
-    const wchar_t* caption;
-    const wchar_t* toolTip;
-  };
-  constexpr int kPitch = 1500;  // the last one ends where the text above ends
-  constexpr int kWidth = 1395;
-  const std::array<Button, 4> buttons = {{
-      {tlHMeil, kTlHMeil, L"tlHMeil", 2, kMailAddress, L"&E-mail", L"Vaše přání nebo připomínky."},
-      {tlHWWW, kTlHWWW, L"tlHWWW", 1, kWebPage, L"&Internet", L"Stránky programu."},
-      {tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"msinfo32", L"&PC-info", L"Systémové informace Vašeho počítače."},
-      {tlHStorno, kTlHStorno, L"tlHStorno", 0, L"", L"&Storno", L"Návrat na vyhledávání."},
-  }};
-  int left = 180;
-  for (const Button& row : buttons) {
-    row.button.Create(fraMPSCO, row.id, {left, 3540, kWidth, kButtonHeight}, row.name);
-    MemoryPropertyBag properties = ButtonProperties(row.caption);
-    properties.WriteInteger(L"SEM", row.mode);
-    properties.WriteString(L"SEF", row.file);
-    row.button.ReadProperties(properties);
-    row.button.SetToolTipText(row.toolTip);
-    left += kPitch;
   }
 }
 

@@ -43,11 +43,14 @@ int LineHeight(HFONT font) {
 }  // namespace
 
 frmnastaveni::frmnastaveni(clspsc& database, ShortcutPlatform shortcut, const forms::Form* owner)
-    : Form(forms::BorderStyle::FixedDialog, owner, L"KvezNastaveni"),
+    : Form({.className = L"KvezNastaveni",
+            .border = forms::BorderStyle::FixedDialog,
+            .clientWidth = kClientWidth,
+            .clientHeight = kClientHeight,
+            .icon = L"NASTAVENI",
+            .owner = owner}),
       m_database(database),
       m_shortcut(std::move(shortcut)) {
-  SetIcon(L"NASTAVENI");
-  SetClientSize(kClientWidth, kClientHeight);
   SetKeyPreview(true);
   for (std::size_t i = 0; i < chkN.size(); ++i) {
     const auto index = static_cast<std::int16_t>(i);
@@ -58,7 +61,6 @@ frmnastaveni::frmnastaveni(clspsc& database, ShortcutPlatform shortcut, const fo
     chkN[i].Click = [this, index] { chkN_Click(index); };
   }
   FitCaptions();
-  CenterOnOwner();
 }
 
 frmnastaveni::~frmnastaveni() {

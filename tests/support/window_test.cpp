@@ -230,10 +230,10 @@ bool Pixels::Save(const std::wstring& path) const {
   return write(&file, sizeof(file)) && write(&info, sizeof(info)) && write(m_pixels.data(), bytes);
 }
 
-TestForm::TestForm(forms::BorderStyle border, const forms::Form* owner) : Form(border, owner) {
+TestForm::TestForm(forms::BorderStyle border, const forms::Form* owner)
+    : Form(
+          {.className = L"KvezTestForm", .border = border, .clientWidth = 6000, .clientHeight = 3000, .owner = owner}) {
   SetCaption(L"Zkouška");
-  SetClientSize(6000, 3000);
-  CenterOnScreen();
 }
 
 void TestForm::ChangeDpi(unsigned dpi) {

@@ -5,6 +5,7 @@
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
+#include "forms/dpi.h"
 #include "forms/guard.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
@@ -229,18 +230,76 @@ TEST(FormSize, ResizeIsToldOfScalingAndSize) {
   EXPECT_GT(resizes, 1);
 }
 
-TEST(FormSize, CentersOnScreenAndOwner) {
-  TestForm owner;
-  TestForm child(BorderStyle::FixedDialog, &owner);
-  child.SetClientSize(1500, 900);
-  owner.CenterOnScreen();
-  child.CenterOnOwner();
+RECT OuterOf(const Form& form) {
   RECT outer{};
-  RECT inner{};
-  GetWindowRect(owner.Handle(), &outer);
-  GetWindowRect(child.Handle(), &inner);
-  EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
-  EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
+  GetWindowRect(form.Handle(), &outer);
+  return outer;
+}
+
+TEST(FormSize, IsMadeInTheMiddleOfTheScreenOrOfItsOwner) {
+  TestForm owner;
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  const RECT outer = OuterOf(owner);
+  EXPECT_NEAR(outer.left + outer.right, work.left + work.right, 2);
+  EXPECT_NEAR(outer.top + outer.bottom, work.top + work.bottom, 2);
+
+  SetWindowPos(owner.Handle(), nullptr, 200, 150, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  const Form child({.className = L"KvezTestForm",
+                    .border = BorderStyle::FixedDialog,
+                    .clientWidth = 1500,
+                    .clientHeight = 900,
+                    .owner = &owner});
+  const RECT inner = OuterOf(child);
+  EXPECT_NEAR(inner.left + inner.right, outer.right - outer.left + 400, 2);
+  EXPECT_NEAR(inner.top + inner.bottom, outer.bottom - outer.top + 300, 2);
+  EXPECT_EQ(child.ClientWidth(), 1500);
+  EXPECT_EQ(child.ClientHeight(), 900);
+}
+
+TEST(FormSize, StaysOnTheScreenOfItsOwner) {
+  TestForm owner;
+  SetWindowPos(owner.Handle(), nullptr, -390, -190, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  const TestForm child(BorderStyle::FixedDialog, &owner);
+  EXPECT_EQ(OuterOf(child).left, 0);
+  EXPECT_EQ(OuterOf(child).top, 0);
+}
+
+TEST(FormSize, MovingAControlToItsPlaceMovesNothing) {
+  TestForm form;
+  TextBox text;
+  text.Create(form, 1, {30, 30, 3105, 285});
+  SetWindowPos(text.Handle(), nullptr, 20, 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  text.Move({30, 30, 3105, 285});
+  EXPECT_EQ(PlaceOf(text).left, 20);
+  form.ChangeDpi(96);
+  EXPECT_EQ(PlaceOf(text).left, 2);
+}
+
+int WidthOf(HICON icon) {
+  ICONINFO information{};
+  if (!GetIconInfo(icon, &information)) return 0;
+  const OwnedBitmap mask(information.hbmMask);
+  const OwnedBitmap colors(information.hbmColor);
+  BITMAP bitmap{};
+  GetObjectW(information.hbmMask, sizeof bitmap, &bitmap);
+  return bitmap.bmWidth;
+}
+
+TEST(FormIcon, IsThatOfTheClassUntilTheScalingIsAnother) {
+  const Form form({.className = L"KvezTestIcon", .clientWidth = 1500, .clientHeight = 900, .icon = L"NASTAVENI"});
+  const auto iconOf = [&form](WPARAM kind) {
+    return reinterpret_cast<HICON>(SendMessageW(form.Handle(), WM_GETICON, kind, 0));
+  };
+  const auto classIcon = [&form](int index) { return reinterpret_cast<HICON>(GetClassLongPtrW(form.Handle(), index)); };
+  EXPECT_EQ(WidthOf(classIcon(GCLP_HICON)), GetSystemMetrics(SM_CXICON));
+  EXPECT_EQ(WidthOf(classIcon(GCLP_HICONSM)), GetSystemMetrics(SM_CXSMICON));
+  EXPECT_EQ(iconOf(ICON_BIG), nullptr);
+  const RECT suggested = OuterOf(form);
+  SendMessageW(form.Handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_EQ(WidthOf(iconOf(ICON_BIG)), SystemMetric(SM_CXICON, 192));
+  EXPECT_EQ(WidthOf(iconOf(ICON_SMALL)), SystemMetric(SM_CXSMICON, 192));
+  EXPECT_NE(SystemMetric(SM_CXICON, 192), GetSystemMetrics(SM_CXICON));
 }
 
 TEST(ScreenPointer, HourglassHoldsOverAllWindows) {

@@ -117,14 +117,31 @@ TEST_F(MainWindowCommands, TabGoesThroughAboutAsItIsRead) {
   }
 }
 
-TEST_F(MainWindowCommands, AboutKeepsItsTextsForTheNextTime) {
+TEST_F(MainWindowCommands, AboutIsMadeWhenItIsFirstShownAndKept) {
   frmhlavni& window = Open();
+  EXPECT_EQ(window.fraMPSCO.Handle(), nullptr);
+  for (const tlText* button : {&window.tlHWWW, &window.tlHPCInfo, &window.tlHStorno}) {
+    EXPECT_EQ(button->FocusDraw(), 1) << ::testing::PrintToString(button->Caption());
+  }
   Click(window.tlHOaplikaci);
+  EXPECT_EQ(window.tlHMeil.SEMode(), 2);
+  EXPECT_EQ(window.tlHMeil.Caption(), L"&E-mail");
   const HWND text = window.Text1.Handle();
   Click(window.tlHStorno);
   Click(window.tlHOaplikaci);
   EXPECT_EQ(window.Text1.Handle(), text);
   EXPECT_EQ(window.FocusedControl(), &window.Text1);
+}
+
+TEST_F(MainWindowCommands, AboutLiesInFrontOfTheSearchingAndBehindTheMessages) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  std::vector<HWND> inFront;
+  for (HWND child = GetWindow(window.Handle(), GW_CHILD); child != nullptr && inFront.size() < 2;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    inFront.push_back(child);
+  }
+  EXPECT_EQ(inFront, (std::vector<HWND>{window.picMPSCPI.Handle(), window.fraMPSCO.Handle()}));
 }
 
 TEST_F(MainWindowCommands, StornoGoesBackToSearching) {

@@ -83,6 +83,12 @@ TEST_F(MainWindowLife, MessagePanelIsCentred) {
   EXPECT_EQ(place.top, (window.ClientHeight() - place.height) / 2);
 }
 
+TEST_F(MainWindowLife, MessagePanelIsMadeWhereTheLoadingPutsIt) {
+  const frmhlavni window(m_database, m_machine.Platform(), m_clock,
+                         m_commands.Services(m_machine.settings, m_programFolder));
+  EXPECT_EQ(window.picMPSCPI.GetPlace(), Open().picMPSCPI.GetPlace());
+}
+
 TEST_F(MainWindowLife, SearchButtonIsThereWhileItLoads) {
   m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
   std::vector<bool> shown;

@@ -7,6 +7,7 @@
 #include "forms/guard.h"
 #include "forms/text_box.h"
 #include "tests/support/button_test.h"
+#include "tests/support/program_driver.h"
 
 namespace kvez {
 namespace {
@@ -412,6 +413,18 @@ TEST_F(TlTextProperties, BagSurvivesTheRoundTrip) {
   MemoryPropertyBag again;
   copy.WriteProperties(again);
   EXPECT_EQ(again.Values(), original.Values());
+}
+
+TEST_F(TlTextProperties, WindowIsMadeWithThePropertiesReadBefore) {
+  tlText early;
+  early.ReadProperties(MemoryPropertyBag{{L"C", L"&Konec"}, {L"E", Boolean(false)}, {L"FoD", 1}});
+  EXPECT_EQ(early.BackColor(), form.BackColor());
+  EXPECT_EQ(early.Handle(), nullptr);
+  early.Create(form, 4, {150, 1500, 1215, 345}, L"tlHEarly");
+  EXPECT_EQ(test::WindowText(early.Handle()), L"&Konec");
+  EXPECT_FALSE(IsWindowEnabled(early.Handle()));
+  EXPECT_EQ(early.FocusDraw(), 1);
+  EXPECT_EQ(early.AccessKeys(), L"K");
 }
 
 TEST_F(TlTextProperties, RunningFormIsTheHostByDefault) {
