@@ -1,6 +1,7 @@
 // How the button looks.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "controls/button_rules.h"
 #include "controls/tlText.h"
@@ -23,24 +24,27 @@ class WindowContext {
   HDC m_context;
 };
 
-/// What all buttons are drawn in, one after the other. It is kept: making one takes longer than the drawing.
+/// What all buttons are drawn in, one after the other. It is kept, and so is the bitmap in it: making both, and even
+/// selecting the bitmap, takes longer than the drawing.
 class OffScreen {
  public:
   /// Makes room for `size` pixels like those of `window`. False when the system has none.
   bool Fit(HDC window, SIZE size) {
     if (!m_context) m_context.Reset(CreateCompatibleDC(window));
-    if (!m_bitmap || size.cx > m_size.cx || size.cy > m_size.cy) {
-      m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
-      m_bitmap.Reset(CreateCompatibleBitmap(window, m_size.cx, m_size.cy));
-    }
-    return m_context && m_bitmap;
+    if (!m_context) return false;
+    if (m_bitmap && size.cx <= m_size.cx && size.cy <= m_size.cy) return true;
+    const SIZE enough{std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
+    OwnedBitmap bitmap(CreateCompatibleBitmap(window, enough.cx, enough.cy));
+    if (!bitmap || SelectObject(m_context.Get(), bitmap.Get()) == nullptr) return false;
+    m_bitmap = std::move(bitmap);
+    m_size = enough;
+    return true;
   }
   HDC Context() const { return m_context.Get(); }
-  HBITMAP Bitmap() const { return m_bitmap.Get(); }
 
  private:
-  OwnedMemoryContext m_context;
   OwnedBitmap m_bitmap;
+  OwnedMemoryContext m_context;  // goes before the bitmap that is selected into it
   SIZE m_size{};
 };
 
@@ -61,7 +65,6 @@ void tlText::OnPaint() {
     Paint(window.Get());
     return;
   }
-  const ObjectSelection selection(offScreen.Context(), offScreen.Bitmap());
   Paint(offScreen.Context());
   Keep(BitBlt(window.Get(), 0, 0, client.right, client.bottom, offScreen.Context(), 0, 0, SRCCOPY));
 }

@@ -6,7 +6,6 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <thread>
 #include <utility>
 
@@ -208,25 +207,20 @@ void Program::Kill() {
 HWND Program::MainWindow() const { return FindMainWindow(m_processId); }
 
 bool Program::WaitReady(double seconds) const {
-  // Each question interrupts the program or the desktop: what has been found is not looked for again, and the mode that
-  // the program starts with is asked for first.
+  // Each question interrupts the program or the desktop, so what has been found is not looked for again.
   HWND window = nullptr;
-  bool isVisible = false;
-  std::map<int, HWND> controls;
-  const auto control = [&](int id) {
-    HWND& found = controls[id];
-    if (found == nullptr) found = GetDlgItem(window, id);
-    return found;
-  };
+  std::array<HWND, 4> controls{};
   return WaitUntil(
       [&] {
         if (window == nullptr && (window = MainWindow()) == nullptr) return false;
-        if (!isVisible && !(isVisible = IsWindowVisible(window) != FALSE)) return false;
-        const HWND panel = control(kPicMPSCPI);
-        if (panel == nullptr || (GetWindowLongPtrW(panel, GWL_STYLE) & WS_VISIBLE) != 0) return false;
-        constexpr std::array<int, 3> kModes = {kOptMPSC + 1, kOptMPSC, kOptMPSC + 2};
-        return std::any_of(kModes.begin(), kModes.end(),
-                           [&](int id) { return SendMessageW(control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; });
+        if (!IsWindowVisible(window)) return false;
+        for (std::size_t i = 0; i < controls.size(); ++i) {
+          constexpr std::array<int, 4> kIds = {kPicMPSCPI, kOptMPSC, kOptMPSC + 1, kOptMPSC + 2};
+          if (controls[i] == nullptr) controls[i] = GetDlgItem(window, kIds[i]);
+        }
+        if (controls[0] == nullptr || (GetWindowLongPtrW(controls[0], GWL_STYLE) & WS_VISIBLE) != 0) return false;
+        return std::any_of(controls.begin() + 1, controls.end(),
+                           [](HWND option) { return SendMessageW(option, BM_GETCHECK, 0, 0) == BST_CHECKED; });
       },
       seconds);
 }
