@@ -60,7 +60,8 @@ Form::Form(const FormDesign& design)
   CreateOwn(design.className, parameters);
   m_dpi = WindowDpi(Handle());
   ApplyClientSize();
-  if (m_dpi != expectedDpi) ApplyIcons();
+  // The frame of a dialog is sure to show only an icon of its own.
+  if (m_dpi != expectedDpi || design.border == BorderStyle::FixedDialog) ApplyIcons();
   Center();
   CreateFont();
   // Underlined access keys and focus marks are always shown: the drawn buttons always show theirs.

@@ -286,20 +286,31 @@ int WidthOf(HICON icon) {
   return bitmap.bmWidth;
 }
 
+HICON IconOf(const Form& form, WPARAM kind) {
+  return reinterpret_cast<HICON>(SendMessageW(form.Handle(), WM_GETICON, kind, 0));
+}
+
 TEST(FormIcon, IsThatOfTheClassUntilTheScalingIsAnother) {
   const Form form({.className = L"KvezTestIcon", .clientWidth = 1500, .clientHeight = 900, .icon = L"NASTAVENI"});
-  const auto iconOf = [&form](WPARAM kind) {
-    return reinterpret_cast<HICON>(SendMessageW(form.Handle(), WM_GETICON, kind, 0));
-  };
   const auto classIcon = [&form](int index) { return reinterpret_cast<HICON>(GetClassLongPtrW(form.Handle(), index)); };
   EXPECT_EQ(WidthOf(classIcon(GCLP_HICON)), GetSystemMetrics(SM_CXICON));
   EXPECT_EQ(WidthOf(classIcon(GCLP_HICONSM)), GetSystemMetrics(SM_CXSMICON));
-  EXPECT_EQ(iconOf(ICON_BIG), nullptr);
+  EXPECT_EQ(IconOf(form, ICON_BIG), nullptr);
   const RECT suggested = OuterOf(form);
   SendMessageW(form.Handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
-  EXPECT_EQ(WidthOf(iconOf(ICON_BIG)), SystemMetric(SM_CXICON, 192));
-  EXPECT_EQ(WidthOf(iconOf(ICON_SMALL)), SystemMetric(SM_CXSMICON, 192));
+  EXPECT_EQ(WidthOf(IconOf(form, ICON_BIG)), SystemMetric(SM_CXICON, 192));
+  EXPECT_EQ(WidthOf(IconOf(form, ICON_SMALL)), SystemMetric(SM_CXSMICON, 192));
   EXPECT_NE(SystemMetric(SM_CXICON, 192), GetSystemMetrics(SM_CXICON));
+}
+
+TEST(FormIcon, OfADialogIsItsOwn) {
+  const Form form({.className = L"KvezTestIcon",
+                   .border = BorderStyle::FixedDialog,
+                   .clientWidth = 1500,
+                   .clientHeight = 900,
+                   .icon = L"NASTAVENI"});
+  EXPECT_EQ(WidthOf(IconOf(form, ICON_BIG)), GetSystemMetrics(SM_CXICON));
+  EXPECT_EQ(WidthOf(IconOf(form, ICON_SMALL)), GetSystemMetrics(SM_CXSMICON));
 }
 
 TEST(ScreenPointer, HourglassHoldsOverAllWindows) {
