@@ -258,8 +258,8 @@ std::vector<std::wstring> Program::ListTexts(int id) const {
   return texts;
 }
 
-int Program::GdiObjects() const {
-  if (const DWORD count = GetGuiResources(m_process, GR_GDIOBJECTS)) return static_cast<int>(count);
+GdiCount Program::GdiObjects() const {
+  if (const DWORD count = GetGuiResources(m_process, GR_GDIOBJECTS)) return {0, static_cast<int>(count)};
   // Wine answers 0; there each process has a table of its own, which its process block points to.
   struct BasicInformation {
     void* status;
@@ -270,19 +270,27 @@ int Program::GdiObjects() const {
   const auto query = reinterpret_cast<Query>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess")));
   BasicInformation information{};
-  if (query == nullptr || query(m_process, 0, &information, sizeof information, nullptr) != 0) return -1;
+  if (query == nullptr || query(m_process, 0, &information, sizeof information, nullptr) != 0) return {};
   std::uintptr_t table = 0;
   const auto read = [this](std::uintptr_t from, void* to, std::size_t size) {
     return ReadProcessMemory(m_process, reinterpret_cast<void*>(from), to, size, nullptr) != FALSE;
   };
-  if (!read(information.processBlock + 0xF8, &table, sizeof table)) return -1;
+  if (!read(information.processBlock + 0xF8, &table, sizeof table)) return {};
   constexpr std::size_t kEntries = 0x4000;
   constexpr std::size_t kEntrySize = 24;
   constexpr std::size_t kTypeOffset = 14;
   std::vector<std::uint8_t> entries(kEntries * kEntrySize);
-  if (!read(table, entries.data(), entries.size())) return -1;
-  int count = 0;
-  for (std::size_t i = 0; i < kEntries; ++i) count += entries[i * kEntrySize + kTypeOffset] != 0 ? 1 : 0;
+  if (!read(table, entries.data(), entries.size())) return {};
+  GdiCount count;
+  for (std::size_t i = 0; i < kEntries; ++i) {
+    constexpr std::uint8_t kFree = 0;
+    constexpr std::uint8_t kDeviceContext = 1;
+    constexpr std::uint8_t kRegion = 4;
+    constexpr std::uint8_t kDeviceSurface = 5;
+    const std::uint8_t kind = entries[i * kEntrySize + kTypeOffset];
+    if (kind == kDeviceContext) ++count.deviceContexts;
+    if (kind != kFree && kind != kDeviceContext && kind != kRegion && kind != kDeviceSurface) ++count.others;
+  }
   return count;
 }
 

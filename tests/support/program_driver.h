@@ -32,6 +32,14 @@ struct Dialog {
   std::wstring text;
 };
 
+/// GDI objects by how they come and go: the system keeps device contexts, each with a region and a surface, for the
+/// windows that were drawn, up to 64 of them, and the last of them may come up after thousands of events. Regions and
+/// surfaces are not counted.
+struct GdiCount {
+  int deviceContexts = 0;  // always 0 on Windows, which does not tell them from the others
+  int others = 0;
+};
+
 /// The program in a process of its own, driven from outside like by its user.
 class Program {
  public:
@@ -68,7 +76,7 @@ class Program {
   std::vector<std::wstring> ListTexts(int id) const;
 
   /// The GDI objects and the windows of the process, to be compared around many repetitions.
-  int GdiObjects() const;
+  GdiCount GdiObjects() const;
   int Windows() const;
 
   /// Brings the window to the front and gives a control the focus by a click into it.
