@@ -63,8 +63,9 @@ class tlText : public forms::Control {
   tlText() = default;
   ~tlText() override;
 
-  /// Makes the window, with the properties read before; a running form is the quickest so. Only the default caption,
-  /// the display name, is not known before. `host` is the form itself when it is null; another one outlives the button.
+  /// Makes the window, quickest when the properties are read before: then it is told each of them once. Only the
+  /// display name, the default caption, is not known before. `host` is the form itself when it is null; another one
+  /// outlives the button.
   void Create(forms::Container& container, int id, const forms::Place& place, std::wstring_view displayName,
               tlTextHost* host = nullptr);
   /// The defaults of a button that is newly placed on a form. Its next resize gives it its first size.

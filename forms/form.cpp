@@ -148,12 +148,6 @@ void Form::ApplyIcons() {
   m_largeIcon = std::move(largeIcon);
 }
 
-void Form::SetClientSize(int widthTwips, int heightTwips) {
-  m_clientWidth = widthTwips;
-  m_clientHeight = heightTwips;
-  ApplyClientSize();
-}
-
 SIZE Form::OuterSize(DWORD style, DWORD extendedStyle, unsigned dpi) const {
   const RECT client{0, 0, TwipsToPixels(m_clientWidth, dpi), TwipsToPixels(m_clientHeight, dpi)};
   const RECT outer = OuterRectangle(client, style, extendedStyle, dpi);

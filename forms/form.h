@@ -62,7 +62,6 @@ class Form : public Window, public Container {
   std::wstring Caption() const;
   void SetCaption(std::wstring_view caption);
 
-  void SetClientSize(int widthTwips, int heightTwips);
   int ClientWidth() const;   // twips
   int ClientHeight() const;  // twips
 

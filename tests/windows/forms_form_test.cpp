@@ -6,7 +6,6 @@
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/dpi.h"
-#include "forms/guard.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/message_loop.h"
@@ -147,16 +146,15 @@ TEST(FormLife, ControlsOfAnUnloadedFormAreEmptyShells) {
 
 TEST(FormSize, ClientSizeIsExactAtEveryScaling) {
   TestForm form;
-  form.SetClientSize(6300, 4500);
   for (const auto& [dpi, width, height] :
-       {std::tuple{96U, 420, 300}, std::tuple{144U, 630, 450}, std::tuple{192U, 840, 600}, std::tuple{96U, 420, 300}}) {
+       {std::tuple{96U, 400, 200}, std::tuple{144U, 600, 300}, std::tuple{192U, 800, 400}, std::tuple{96U, 400, 200}}) {
     form.ChangeDpi(dpi);
     RECT client{};
     GetClientRect(form.Handle(), &client);
     EXPECT_EQ(client.right, width) << dpi;
     EXPECT_EQ(client.bottom, height) << dpi;
-    EXPECT_EQ(form.ClientWidth(), 6300) << dpi;
-    EXPECT_EQ(form.ClientHeight(), 4500) << dpi;
+    EXPECT_EQ(form.ClientWidth(), 6000) << dpi;
+    EXPECT_EQ(form.ClientHeight(), 3000) << dpi;
   }
 }
 
@@ -221,10 +219,13 @@ TEST(FormSize, ResizeIsToldOfScalingAndSize) {
   TestForm form(BorderStyle::Sizable);
   int resizes = 0;
   form.resize = [&] { ++resizes; };
-  form.SetClientSize(3000, 3000);
+  const auto setWidth = [&form](int pixels) {
+    SetWindowPos(form.Handle(), nullptr, 0, 0, pixels, 300, SWP_NOMOVE | SWP_NOZORDER);
+  };
+  setWidth(350);
   EXPECT_EQ(resizes, 0);  // not before it is loaded
   form.Load();
-  form.SetClientSize(4500, 3000);
+  setWidth(450);
   EXPECT_EQ(resizes, 1);
   form.ChangeDpi(144);
   EXPECT_GT(resizes, 1);
@@ -389,114 +390,6 @@ TEST(MessageLoop, DoEventsLeavesTheEndToTheLoopAround) {
   MSG message{};
   EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
   EXPECT_EQ(message.wParam, 3U);
-}
-
-class GuardTest : public ::testing::Test {
- protected:
-  GuardTest() {
-    SetGuard({L"Kvez", {}, [this](const std::wstring& text, const std::wstring& title) {
-                shown.push_back(title + L": " + text);
-              }});
-  }
-  ~GuardTest() override { SetGuard({}); }
-
-  std::vector<std::wstring> shown;
-};
-
-TEST_F(GuardTest, ErrorInAnEventIsShownAndTheProgramGoesOn) {
-  TestForm form;
-  TextBox text;
-  text.Create(form, 1, {0, 0, 1500, 285});
-  text.Change = [] { throw Error(L"Text není číslo."); };
-  text.SetText(L"a");
-  text.SetText(L"b");
-  EXPECT_EQ(text.Text(), L"b");
-  EXPECT_EQ(shown, (std::vector<std::wstring>{L"Kvez: Text není číslo.", L"Kvez: Text není číslo."}));
-}
-
-TEST_F(GuardTest, ErrorWhileUnloadingKeepsTheWindow) {
-  TestForm form;
-  form.unload = [](std::int16_t&) { throw OverflowError(); };
-  EXPECT_FALSE(form.Unload());
-  EXPECT_TRUE(form.IsOpen());
-  EXPECT_EQ(shown, std::vector<std::wstring>{L"Kvez: Číslo je mimo povolený rozsah."});
-  form.unload = nullptr;
-  EXPECT_TRUE(form.Unload());
-}
-
-TEST_F(GuardTest, UnknownTypesAreTranslatedByTheProgram) {
-  struct Foreign {};
-  SetGuard({L"Kvez",
-            [](std::exception_ptr error) -> std::wstring {
-              try {
-                std::rethrow_exception(error);
-              } catch (const Foreign&) {
-                return L"Cizí chyba.";
-              } catch (...) {
-                return {};
-              }
-            },
-            [this](const std::wstring& text, const std::wstring&) { shown.push_back(text); }});
-  EXPECT_FALSE(Guarded([] { throw Foreign(); }));
-  EXPECT_FALSE(Guarded([] { throw std::bad_alloc(); }));
-  EXPECT_FALSE(Guarded([] { throw std::runtime_error("ž"); }));
-  EXPECT_FALSE(Guarded([] { throw 1; }));
-  EXPECT_TRUE(Guarded([] {}));
-  EXPECT_EQ(shown, (std::vector<std::wstring>{L"Cizí chyba.", L"Nedostatek paměti.", L"ž", L"Neznámá chyba."}));
-}
-
-TEST_F(GuardTest, ErrorWhileAnErrorIsShownIsDropped) {
-  int boxes = 0;
-  SetGuard({L"Kvez", {}, [&](const std::wstring&, const std::wstring&) {
-              ++boxes;
-              Guarded([] { throw Error(L"druhá"); });
-            }});
-  Guarded([] { throw Error(L"první"); });
-  EXPECT_EQ(boxes, 1);
-}
-
-/// Throws whenever it has to paint.
-class Unpaintable : public PictureBox {
- protected:
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-    if (message == WM_PAINT) throw Error(L"Nelze kreslit.");
-    return PictureBox::OnMessage(message, wParam, lParam);
-  }
-};
-
-TEST_F(GuardTest, WindowThatCannotPaintDoesNotAskForEver) {
-  TestForm form;
-  Unpaintable picture;
-  picture.Create(form, 1, {0, 0, 1500, 1500});
-  ASSERT_TRUE(test::ShowActive(form));
-  EXPECT_FALSE(GetUpdateRect(picture.Handle(), nullptr, FALSE));
-  EXPECT_GE(shown.size(), 1U);
-  EXPECT_LT(shown.size(), 5U);
-}
-
-TEST(GuardBox, IsAMessageBoxWithTheTitle) {
-  SetGuard({L"Kvez", {}, {}});
-  TestForm form;
-  ASSERT_TRUE(test::ShowActive(form));
-  Timer timer;
-  std::wstring caption;
-  std::wstring text;
-  timer.Create(form, 20, true);
-  timer.Elapsed = [&] {
-    const HWND box = FindWindowW(L"#32770", L"Kvez");
-    if (box == nullptr) return;
-    wchar_t buffer[100]{};
-    GetDlgItemTextW(box, 65535, buffer, 100);
-    text = buffer;
-    GetWindowTextW(box, buffer, 100);
-    caption = buffer;
-    timer.SetEnabled(false);
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
-  };
-  Guarded([] { throw Error(L"Něco se nepovedlo."); });
-  EXPECT_EQ(caption, L"Kvez");
-  EXPECT_EQ(text, L"Něco se nepovedlo.");
-  SetGuard({});
 }
 
 }  // namespace
