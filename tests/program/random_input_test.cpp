@@ -131,7 +131,7 @@ class RandomInput : public ProgramTest {
           PressKey('P', true);
           PressKey('M', true);
           TypeText(kMark);
-          return WaitUntil([&] { return program.Text(kTxtMPSC) == kMark; }, 2.0);
+          return HoldsWithin(2.0, [&] { return program.Text(kTxtMPSC) == kMark; });
         },
         60.0);
   }

@@ -36,7 +36,13 @@ class ButtonOnScreen : public ::testing::Test {
   }
 
   void TearDown() override {
+    // What a test has bound may refer to its own variables, which are gone.
     button.Click = nullptr;
+    button.KeyPress = nullptr;
+    button.MouseDown = nullptr;
+    button.MouseMove = nullptr;
+    button.MouseUp = nullptr;
+    button.MouseMoveEnabled = nullptr;
     PointAt(FarAway());
     if (GetAsyncKeyState(VK_LBUTTON) < 0) ReleaseButton();
   }

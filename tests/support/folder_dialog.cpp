@@ -102,7 +102,7 @@ bool CloseFolderDialog(HWND dialog, int button) {
   return WaitUntil([&] {
     if (!IsWindow(dialog)) return true;
     PostMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
-    return WaitUntil([&] { return !IsWindow(dialog); }, 1.0);
+    return HoldsWithin(1.0, [&] { return !IsWindow(dialog); });
   });
 }
 

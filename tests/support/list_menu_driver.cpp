@@ -36,7 +36,7 @@ bool ChooseFromListMenu(const Program& program, MenuCommand command) {
     const POINT place{(menu.left + menu.right) / 2, y};
     MovePointer(place);
     const wchar_t* const wanted = kExplanations[static_cast<std::size_t>(command)];
-    if (!WaitUntil([&] { return StatusText(program.StatusBar(), 2) == wanted; }, 0.3)) continue;
+    if (!HoldsWithin(0.3, [&] { return StatusText(program.StatusBar(), 2) == wanted; })) continue;
     ClickAt(place);
     return WaitUntil([] { return OpenMenu() == nullptr; });
   }

@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
-#include <thread>
 #include <utility>
 
 #include "mainwindow/control_ids.h"
@@ -57,15 +55,6 @@ INPUT KeyInput(WORD virtualKey, DWORD flags) {
 void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
 
 }  // namespace
-
-bool WaitUntil(const std::function<bool()>& condition, double seconds) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return condition();
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-  return true;
-}
 
 void TypeText(const std::wstring& text) {
   std::vector<INPUT> inputs;
@@ -338,7 +327,7 @@ bool Program::Answer(const Dialog& dialog, int button) const {
   return WaitUntil([&] {
     if (!IsWindow(dialog.window)) return true;
     PostMessageW(GetDlgItem(dialog.window, button), BM_CLICK, 0, 0);
-    return WaitUntil([&] { return !IsWindow(dialog.window); }, 1.0);
+    return HoldsWithin(1.0, [&] { return !IsWindow(dialog.window); });
   });
 }
 

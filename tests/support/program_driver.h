@@ -2,15 +2,13 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace kvez::test {
+#include "tests/support/waiting.h"
 
-/// Waits until `condition` holds and returns true; false after `seconds`. Nothing else in the tests waits for a time.
-bool WaitUntil(const std::function<bool()>& condition, double seconds = 20.0);
+namespace kvez::test {
 
 /// Real input, as from the keyboard and the pointer.
 void TypeText(const std::wstring& text);

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "forms/message_loop.h"
+#include "tests/support/waiting.h"
 
 namespace kvez::test {
 namespace {
@@ -40,7 +41,7 @@ LRESULT CALLBACK WatchMarker(int code, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace
 
-bool PumpUntil(const std::function<bool()>& condition, double seconds) {
+bool PumpWithin(double seconds, const std::function<bool()>& condition) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
   while (true) {
     forms::DoEvents();
@@ -48,6 +49,12 @@ bool PumpUntil(const std::function<bool()>& condition, double seconds) {
     if (std::chrono::steady_clock::now() > end) return false;
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
   }
+}
+
+bool PumpUntil(const std::function<bool()>& condition, double seconds, std::source_location where) {
+  if (PumpWithin(seconds, condition)) return true;
+  SayWaitedInVain(seconds, where);
+  return false;
 }
 
 void PumpInput() {
@@ -207,27 +214,6 @@ RECT Pixels::Extent(COLORREF color) const {
     }
   }
   return extent;
-}
-
-bool Pixels::Save(const std::wstring& path) const {
-  BITMAPFILEHEADER file{};
-  BITMAPINFOHEADER info{};
-  const auto bytes = static_cast<DWORD>(m_pixels.size() * sizeof(std::uint32_t));
-  file.bfType = 0x4D42;
-  file.bfOffBits = sizeof(file) + sizeof(info);
-  file.bfSize = file.bfOffBits + bytes;
-  info.biSize = sizeof(info);
-  info.biWidth = m_width;
-  info.biHeight = -m_height;
-  info.biPlanes = 1;
-  info.biBitCount = 32;
-  const OwnedFile target(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-  if (target.Get() == INVALID_HANDLE_VALUE) return false;
-  const auto write = [&target](const void* data, DWORD size) {
-    DWORD written = 0;
-    return WriteFile(target.Get(), data, size, &written, nullptr) && written == size;
-  };
-  return write(&file, sizeof(file)) && write(&info, sizeof(info)) && write(m_pixels.data(), bytes);
 }
 
 TestForm::TestForm(forms::BorderStyle border, const forms::Form* owner)

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <source_location>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,12 @@
 
 namespace kvez::test {
 
-/// Handles this process's messages until `condition` holds and returns true; false after `seconds`.
-bool PumpUntil(const std::function<bool()>& condition, double seconds = 10.0);
+/// Handles this process's messages until `condition` holds and returns true. After `seconds` it returns false and says
+/// what was waited for, like WaitUntil.
+bool PumpUntil(const std::function<bool()>& condition, double seconds = 20.0,
+               std::source_location where = std::source_location::current());
+/// The same for a wait that may be in vain: it says nothing.
+bool PumpWithin(double seconds, const std::function<bool()>& condition);
 
 /// Handles what real input has caused: everything that was sent before has arrived when this returns.
 void PumpInput();
@@ -50,8 +55,6 @@ class Pixels {
   int Count(COLORREF color) const;
   /// The smallest rectangle with all pixels of a colour; empty when there is none.
   RECT Extent(COLORREF color) const;
-  /// As a .bmp file. False when the file cannot be written.
-  bool Save(const std::wstring& path) const;
 
   friend bool operator==(const Pixels&, const Pixels&) = default;
 

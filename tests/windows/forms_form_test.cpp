@@ -338,11 +338,11 @@ TEST(FormTimer, TicksUntilItIsStopped) {
   timer.Elapsed = [&] {
     if (++ticks == 3) timer.SetEnabled(false);
   };
-  test::PumpUntil([&] { return ticks > 0; }, 0.1);
+  test::PumpWithin(0.1, [&] { return ticks > 0; });
   EXPECT_EQ(ticks, 0);
   timer.SetEnabled(true);
   EXPECT_TRUE(test::PumpUntil([&] { return ticks == 3; }));
-  EXPECT_FALSE(test::PumpUntil([&] { return ticks > 3; }, 0.1));
+  EXPECT_FALSE(test::PumpWithin(0.1, [&] { return ticks > 3; }));
 }
 
 TEST(FormTimer, EnablingAgainStartsTheIntervalAnew) {
@@ -356,7 +356,7 @@ TEST(FormTimer, EnablingAgainStartsTheIntervalAnew) {
   };
   const ULONGLONG start = GetTickCount64();
   timer.SetEnabled(true);
-  test::PumpUntil([] { return false; }, 0.12);
+  test::PumpWithin(0.12, [] { return false; });
   timer.SetEnabled(true);
   EXPECT_TRUE(test::PumpUntil([&] { return ticks == 1; }));
   EXPECT_GE(GetTickCount64() - start, 300U);
@@ -369,7 +369,7 @@ TEST(FormTimer, NothingTicksAfterUnload) {
   timer.Create(form, 10, true);
   timer.Elapsed = [&] { ++ticks; };
   form.Unload();
-  EXPECT_FALSE(test::PumpUntil([&] { return ticks > 0; }, 0.1));
+  EXPECT_FALSE(test::PumpWithin(0.1, [&] { return ticks > 0; }));
 }
 
 TEST(MessageLoop, ReturnsWhenItsFormIsUnloaded) {

@@ -12,6 +12,7 @@
 
 #include "mainwindow/statusbar.h"
 #include "platform/portable/portable_formats.h"
+#include "tests/support/window_test.h"
 
 namespace kvez::testing {
 
@@ -70,17 +71,7 @@ class RecordingWindow {
   HWND m_handle = nullptr;
 };
 
-/// Handles messages until the condition holds; false after 20 seconds.
-inline bool PumpUntil(const std::function<bool()>& condition) {
-  const ULONGLONG end = GetTickCount64() + 20000;
-  while (!condition()) {
-    if (GetTickCount64() > end) return false;
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-  }
-  return true;
-}
+using test::PumpUntil;
 
 class StatusBarTest : public ::testing::Test {
  protected:
