@@ -6,9 +6,9 @@
 
 namespace kvez::test {
 
-/// Waits until `condition` holds and returns true. After `seconds` it returns false, says on the standard error what was
-/// waited for (the caller's own lines) and leaves a picture of the screen in build/failed/. Nothing else in the tests
-/// waits for a time.
+/// Waits until `condition` holds and returns true. After `seconds` it returns false, says on the standard error what
+/// was waited for (the caller's own lines) and leaves a picture of the screen in build/failed/. Nothing else in the
+/// tests waits for a time.
 bool WaitUntil(const std::function<bool()>& condition, double seconds = 20.0,
                std::source_location where = std::source_location::current());
 

@@ -139,6 +139,9 @@ class SystemMail : public ::testing::Test {
     if (GetModuleHandleW(L"mapi32.dll") != nullptr) GTEST_SKIP() << "needs a process of its own, as ctest gives it";
   }
 };
+// A suite each, because CTest gives each suite a process.
+class SystemMailThatIsRefused : public SystemMail {};
+class SystemMailWithoutClient : public SystemMail {};
 
 TEST_F(SystemMail, GetsEverythingInTheSystemCodePageAndKeepsTheWorkingDirectory) {
   const TemporaryFolder folder;
@@ -155,13 +158,13 @@ TEST_F(SystemMail, GetsEverythingInTheSystemCodePageAndKeepsTheWorkingDirectory)
   EXPECT_EQ(received->reserved, 0U);
 }
 
-TEST_F(SystemMail, AnswersWithTheClientsOwnCode) {
+TEST_F(SystemMailThatIsRefused, AnswersWithTheClientsOwnCode) {
   const TemporaryFolder folder;
   const MailClientRegistration client(1, (folder.Path() / "mail.txt").wstring());
   EXPECT_EQ(WindowsMailClient().SendDocuments(L";", L"x", L"y"), 1U);
 }
 
-TEST_F(SystemMail, AnswersThatItIsNotSupportedWithoutAClient) {
+TEST_F(SystemMailWithoutClient, AnswersThatItIsNotSupported) {
   EXPECT_EQ(WindowsMailClient().SendDocuments(L";", L"x", L"y"), 26U);
 }
 
