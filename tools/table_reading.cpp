@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <map>
+#include <span>
 
 #include "database/windows1250.h"
 #include "platform/portable/utf8.h"
@@ -15,9 +16,8 @@ namespace {
 /// One table, line by line. Throws ToolError with file and line.
 class TableReader {
  public:
-  TableReader(const std::filesystem::path& path, std::string_view heading)
-      : m_name(Shown(path)), m_bytes(ReadWholeFile(path)) {
-    std::string_view text(reinterpret_cast<const char*>(m_bytes.data()), m_bytes.size());
+  TableReader(std::span<const std::uint8_t> table, const std::string& name, std::string_view heading) : m_name(name) {
+    std::string_view text(reinterpret_cast<const char*>(table.data()), table.size());
     // Some editors mark UTF-8 files.
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     m_lines = SplitLines(text);
@@ -76,7 +76,6 @@ class TableReader {
 
  private:
   std::string m_name;
-  Bytes m_bytes;
   std::vector<std::string_view> m_lines;
   std::vector<std::wstring> m_fields;
   std::size_t m_columns = 0;
@@ -99,24 +98,43 @@ class OnlyOnce {
 
 }  // namespace
 
+std::vector<MunicipalityRow> ParseMunicipalities(std::span<const std::uint8_t> table, const std::string& name) {
+  std::vector<MunicipalityRow> rows;
+  TableReader reader(table, name, "psc;obec;okres");
+  while (reader.Next()) rows.push_back({reader.PostalCode(0), reader.Name(1), reader.Name(2)});
+  return rows;
+}
+
+std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table, const std::string& name) {
+  std::vector<PostOfficeRow> rows;
+  TableReader reader(table, name, "psc;posta");
+  OnlyOnce<std::int32_t> once;
+  while (reader.Next()) {
+    rows.push_back({reader.PostalCode(0), reader.Name(1)});
+    once.Add(reader, rows.back().code);
+  }
+  return rows;
+}
+
+std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, const std::string& name) {
+  std::vector<DistrictRow> rows;
+  TableReader reader(table, name, "kod;okres");
+  OnlyOnce<std::int16_t> once;
+  while (reader.Next()) {
+    rows.push_back({reader.DistrictCode(0), reader.Name(1)});
+    once.Add(reader, rows.back().code);
+  }
+  return rows;
+}
+
 Tables ReadTables(const std::filesystem::path& folder) {
+  const auto read = [&folder](const char* file, auto parse) {
+    return parse(ReadWholeFile(folder / file), Shown(folder / file));
+  };
   Tables tables;
-  TableReader municipalities(folder / "obce.csv", "psc;obec;okres");
-  while (municipalities.Next()) {
-    tables.municipalities.push_back({municipalities.PostalCode(0), municipalities.Name(1), municipalities.Name(2)});
-  }
-  TableReader postOffices(folder / "posty.csv", "psc;posta");
-  OnlyOnce<std::int32_t> postOfficeOfCode;
-  while (postOffices.Next()) {
-    tables.postOffices.push_back({postOffices.PostalCode(0), postOffices.Name(1)});
-    postOfficeOfCode.Add(postOffices, tables.postOffices.back().code);
-  }
-  TableReader districts(folder / "okresy.csv", "kod;okres");
-  OnlyOnce<std::int16_t> districtOfCode;
-  while (districts.Next()) {
-    tables.districts.push_back({districts.DistrictCode(0), districts.Name(1)});
-    districtOfCode.Add(districts, tables.districts.back().code);
-  }
+  tables.municipalities = read("obce.csv", &ParseMunicipalities);
+  tables.postOffices = read("posty.csv", &ParsePostOffices);
+  tables.districts = read("okresy.csv", &ParseDistricts);
   return tables;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,9 +46,14 @@ void Sort(Tables& tables, Collation& collation);
 /// The three files in `folder`, as they are written: UTF-8, a heading, one row a line.
 std::vector<NewFile> TableFiles(const Tables& tables, const std::filesystem::path& folder);
 
-/// Reads the three files of `folder`, their order kept. Throws ToolError with file and line for anything that the data
-/// files cannot hold or that contradicts another row: wrong columns, codes, letters outside Windows-1250, names that
-/// are empty or too long, a code with two post offices or two district names.
+/// The rows of one table, their order kept. Throws ToolError with `name` and the line for anything that the data files
+/// cannot hold or that contradicts another row: wrong columns, codes, letters outside Windows-1250, names that are
+/// empty or too long, a code with two post offices or two district names.
+std::vector<MunicipalityRow> ParseMunicipalities(std::span<const std::uint8_t> table, const std::string& name);
+std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table, const std::string& name);
+std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, const std::string& name);
+
+/// Reads the three files of `folder`. Throws ToolError like those, and when a file cannot be read.
 Tables ReadTables(const std::filesystem::path& folder);
 
 /// A postal code is five digits, leading zeros included. Anything else gives nothing.

@@ -55,8 +55,6 @@ void Run(const std::vector<std::wstring>& arguments, std::ostream& out) {
 
 }  // namespace
 
-std::string InApostrophes(std::wstring_view text) { return ToUtf8(L"'" + std::wstring(text) + L"'"); }
-
 int RunTool(const std::vector<std::wstring>& arguments, std::ostream& out, std::ostream& error) {
   std::string message;
   try {

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/utf8.h"
+
 namespace kvez {
 
 /// What ends a command: a plain message in UTF-8. Also for a command line that no command understands.
@@ -15,7 +17,7 @@ class ToolError : public std::runtime_error {
 };
 
 /// UTF-8 of a text between apostrophes, for messages.
-std::string InApostrophes(std::wstring_view text);
+inline std::string InApostrophes(std::wstring_view text) { return "'" + ToUtf8(text) + "'"; }
 
 /// Runs the data tool. `arguments` are those behind the program's name. Results go to `out` and messages to `error`,
 /// both UTF-8; the result is the exit status, 0 or 1.
