@@ -10,12 +10,13 @@
 #include <variant>
 
 #include "controls/boolean.h"
-#include "platform/windows/owned.h"
 
 namespace kvez {
 
-/// A pointer picture that several buttons may share; empty for none.
-using Picture = std::shared_ptr<const OwnedIcon>;
+class PointerPicture;
+
+/// A pointer picture that several buttons may share; empty for none. A bag keeps it and needs not know what it is.
+using Picture = std::shared_ptr<const PointerPicture>;
 
 /// Where a form keeps the properties of its buttons: one typed value to a key. A read gives `defaultValue` when the key
 /// is absent and throws forms::Error when the value is of another type.

@@ -1,6 +1,7 @@
 // The button's properties: setters with their side effects, defaults, loading and saving.
 #include <limits>
 
+#include "controls/pointer_picture.h"
 #include "controls/tlText.h"
 #include "forms/guard.h"
 #include "forms/mouse_pointer.h"

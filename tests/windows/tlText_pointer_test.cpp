@@ -1,4 +1,5 @@
 // What the button does with a real pointer.
+#include "controls/pointer_picture.h"
 #include "forms/guard.h"
 #include "tests/support/button_fixture.h"
 
@@ -226,7 +227,7 @@ TEST_F(TlTextPointer, OwnPointerShape) {
   SendMessageW(button.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(button.Handle()),
                MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
   EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_CROSS));
-  const auto hand = std::make_shared<const OwnedIcon>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
+  const auto hand = std::make_shared<const PointerPicture>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
   button.SetMouseIcon(hand);
   button.SetMousePointer(99);
   SendMessageW(button.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(button.Handle()),

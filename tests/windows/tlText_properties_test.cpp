@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "controls/pointer_picture.h"
 #include "forms/containers.h"
 #include "forms/guard.h"
 #include "forms/text_box.h"
@@ -75,7 +76,7 @@ TEST_F(TlTextProperties, EverySetterStoresAndNotifiesItsKey) {
   EXPECT_EQ(button.Caption(), L"&Konec");
   button.SetMousePointer(2);
   EXPECT_EQ(button.MousePointer(), 2);
-  const auto picture = std::make_shared<const OwnedIcon>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
+  const auto picture = std::make_shared<const PointerPicture>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
   button.SetMouseIcon(picture);
   EXPECT_EQ(button.MouseIcon(), picture);
 
@@ -386,7 +387,7 @@ TEST_F(TlTextProperties, WritingDefaultsWritesAllFifteenKeys) {
 }
 
 TEST_F(TlTextProperties, BagSurvivesTheRoundTrip) {
-  const auto picture = std::make_shared<const OwnedIcon>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
+  const auto picture = std::make_shared<const PointerPicture>(CopyIcon(LoadCursorW(nullptr, IDC_HAND)));
   const MemoryPropertyBag original{{L"FoD", 1},
                                    {L"FoC", 0x010203},
                                    {L"SEP", std::wstring(L"/p")},
