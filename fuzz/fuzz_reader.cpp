@@ -4,10 +4,8 @@
 // Input: a byte that says which of the three files it is, the length of a search text and the text in Windows-1250,
 // then the file.
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "database/conversion_error.h"
+#include "fuzz/require.h"
 #include "tests/core/loaded_database.h"
 #include "tests/core/reference.h"
 
@@ -15,12 +13,6 @@ namespace kvez {
 namespace {
 
 using fakes::LoadedDatabase;
-
-void Require(bool condition, const char* what) {
-  if (condition) return;
-  std::fprintf(stderr, "not so: %s\n", what);
-  std::abort();
-}
 
 struct Input {
   int file = 0;
