@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -18,6 +19,11 @@ namespace {
 
 constexpr double kMillimetresPerPoint = 25.4 / 72;
 constexpr double kTolerance = 0.5;
+constexpr double kHeightTolerance = 0.1;
+constexpr double kLineTolerance = 0.25;
+// A horizontal run of black dots that no letter has.
+constexpr double kShortestLine = 5;
+constexpr double kDotsPerMillimetre = 300 / 25.4;
 // Where the queue's printer says that its printable area begins (kvez.ppd), in points.
 constexpr double kLeftMargin = 26;
 constexpr double kTopMargin = 14;
@@ -64,23 +70,58 @@ void ReadWords(const std::filesystem::path& path, PrintedDocument& document) {
     const std::size_t start = line.find('>', open) + 1;
     document.words.push_back({document.pages, (Attribute(line, "xMin") - kLeftMargin) * kMillimetresPerPoint,
                               (Attribute(line, "yMin") - kTopMargin) * kMillimetresPerPoint,
+                              (Attribute(line, "yMax") - Attribute(line, "yMin")) * kMillimetresPerPoint,
                               FromUtf8(Unescaped(line.substr(start, line.find("</word>") - start)))});
   }
 }
 
 // Each typeface is described by its name and then its measures, in thousandths:  /FontName/ABCDEF+Name-Bold ... /Ascent
-// 799
-void ReadAscents(const std::filesystem::path& path, PrintedDocument& document) {
+// 799/Descent -204
+void ReadMeasures(const std::filesystem::path& path, PrintedDocument& document) {
   const std::string pdf = ReadAll(path);
   const std::string nameKey = "/FontName/";
-  const std::string ascentKey = "/Ascent ";
+  const auto measure = [&pdf](const char* key, std::size_t from) {
+    const std::size_t at = pdf.find(key, from);
+    return at == std::string::npos ? 0 : std::strtod(pdf.c_str() + at + std::strlen(key), nullptr) / 1000;
+  };
   for (std::size_t at = 0; (at = pdf.find(nameKey, at)) != std::string::npos; ++at) {
     const std::size_t name = at + nameKey.size();
     const bool bold = pdf.substr(name, pdf.find_first_of("\r\n/", name) - name).find("Bold") != std::string::npos;
-    const std::size_t ascent = pdf.find(ascentKey, name);
-    if (ascent == std::string::npos) return;
-    (bold ? document.boldAscent : document.ascent) =
-        std::strtod(pdf.c_str() + ascent + ascentKey.size(), nullptr) / 1000;
+    const double ascent = measure("/Ascent ", name);
+    (bold ? document.boldAscent : document.ascent) = ascent;
+    (bold ? document.boldExtent : document.extent) = ascent - measure("/Descent ", name);
+  }
+}
+
+// The sheets as dots, a file each:  JOB-1.pgm, in it "P5", width, height, 255, and then a byte for each dot.
+void ReadLines(const std::filesystem::path& folder, const std::string& job, int page, PrintedDocument& document) {
+  std::istringstream stream(ReadAll(folder / (job + "-" + std::to_string(page) + ".pgm")));
+  std::string magic;
+  std::size_t width = 0;
+  std::size_t height = 0;
+  int white = 0;
+  stream >> magic >> width >> height >> white;
+  stream.get();
+  std::string row(width, '\0');
+  const auto left = [](std::size_t dots) {
+    return static_cast<double>(dots) / kDotsPerMillimetre - kLeftMargin * kMillimetresPerPoint;
+  };
+  const auto top = [](std::size_t dots) {
+    return static_cast<double>(dots) / kDotsPerMillimetre - kTopMargin * kMillimetresPerPoint;
+  };
+  for (std::size_t y = 0; y < height && stream.read(row.data(), static_cast<std::streamsize>(width)); ++y) {
+    for (std::size_t x = 0; (x = row.find('\0', x)) != std::string::npos;) {
+      const std::size_t end = std::min(row.find_first_not_of('\0', x), width);
+      const PrintedLine line{page, left(x), left(end), top(y), top(y + 1)};
+      x = end;
+      if (line.right - line.left < kShortestLine) continue;
+      // The next row of dots of the same rule.
+      if (!document.lines.empty() && document.lines.back().page == page && document.lines.back().bottom == line.top) {
+        document.lines.back().bottom = line.bottom;
+      } else {
+        document.lines.push_back(line);
+      }
+    }
   }
 }
 
@@ -138,6 +179,7 @@ bool PrintedDocument::HasText(int page, double x, double y, std::wstring_view te
   const Ruler ruler(style);
   const double top =
       y + ruler.Millimetres(ruler.Ascent()) - (style.bold ? boldAscent : ascent) * style.points * kMillimetresPerPoint;
+  const double height = (style.bold ? boldExtent : extent) * style.points * kMillimetresPerPoint;
   // Words of one text follow each other; only its first one has a place that can be told beforehand.
   std::vector<std::wstring> parts(1);
   for (const wchar_t character : text) {
@@ -152,11 +194,21 @@ bool PrintedDocument::HasText(int page, double x, double y, std::wstring_view te
     const PrintedWord& first = words[i];
     if (first.page != page || std::abs(first.left - x) > kTolerance || std::abs(first.top - top) > kTolerance) continue;
     if (std::equal(parts.begin(), parts.end(), words.begin() + static_cast<std::ptrdiff_t>(i),
-                   [](const std::wstring& part, const PrintedWord& word) { return part == word.text; })) {
+                   [height](const std::wstring& part, const PrintedWord& word) {
+                     return part == word.text && std::abs(word.height - height) < kHeightTolerance;
+                   })) {
       return true;
     }
   }
   return false;
+}
+
+bool PrintedDocument::HasLine(int page, double x, double y, double length) const {
+  return std::any_of(lines.begin(), lines.end(), [&](const PrintedLine& line) {
+    return line.page == page && std::abs(line.left - x) < kLineTolerance &&
+           std::abs(line.right - (x + length)) < kLineTolerance && std::abs(line.top - y) < kLineTolerance &&
+           line.bottom - line.top < kLineTolerance;
+  });
 }
 
 PrintQueue::PrintQueue() {
@@ -179,7 +231,8 @@ std::vector<PrintedDocument> PrintQueue::Documents() const {
     PrintedDocument document;
     document.title = ReadAll(std::filesystem::path(done).replace_extension(L".title"));
     ReadWords(std::filesystem::path(done).replace_extension(L".words"), document);
-    ReadAscents(std::filesystem::path(done).replace_extension(L".pdf"), document);
+    ReadMeasures(std::filesystem::path(done).replace_extension(L".pdf"), document);
+    for (int page = 1; page <= document.pages; ++page) ReadLines(m_folder, done.stem().string(), page, document);
     documents.push_back(document);
   }
   return documents;

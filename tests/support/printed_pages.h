@@ -19,7 +19,17 @@ struct PrintedWord {
   int page = 0;
   double left = 0;
   double top = 0;
+  double height = 0;
   std::wstring text;
+};
+
+/// A rule on a printed sheet, in millimetres from the same corner.
+struct PrintedLine {
+  int page = 0;
+  double left = 0;
+  double right = 0;
+  double top = 0;
+  double bottom = 0;
 };
 
 /// A document that has come out of the printer.
@@ -29,11 +39,18 @@ struct PrintedDocument {
   double sheetWidth = 0;  // millimetres
   double sheetHeight = 0;
   std::vector<PrintedWord> words;
-  double ascent = 0;  // of the highest letters of the normal and of the bold typeface, in parts of the size
+  std::vector<PrintedLine> lines;  // horizontal ones, from the top
+  // How far the letters of the normal and of the bold typeface go up, and up and down together, in parts of the size.
+  double ascent = 0;
   double boldAscent = 0;
+  double extent = 0;
+  double boldExtent = 0;
 
-  /// Whether a page has the words of `text`, printed within half a millimetre of (x, y).
+  /// Whether a page has the words of `text`, in letters of that size, printed within half a millimetre of (x, y).
   bool HasText(int page, double x, double y, std::wstring_view text, PrintedStyle style) const;
+  /// Whether a page has a black rule of that length, drawn within a quarter of a millimetre of (x, y), no thicker than
+  /// a quarter of a millimetre.
+  bool HasLine(int page, double x, double y, double length) const;
 };
 
 /// The print queue of the tests, seen from where its documents come out.

@@ -45,6 +45,8 @@ TEST_F(RealPrinter, PrintsWhereItIsTold) {
   EXPECT_TRUE(document.HasText(1, 10, 20, L"Žďár nad Sázavou", {10, false}));
   EXPECT_TRUE(document.HasText(1, 0, 280, L"dole", {6, true}));
   EXPECT_TRUE(document.HasText(2, 100, 0, L"druhá", {6, true}));
+  EXPECT_THAT(document.lines, SizeIs(1));
+  EXPECT_TRUE(document.HasLine(2, 0, 0, 190));
 }
 
 TEST_F(RealPrinter, MeasuresInTheUnitOfTheSettings) {
