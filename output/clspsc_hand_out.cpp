@@ -11,12 +11,17 @@ namespace {
 constexpr std::wstring_view kExportFile = L"vdkvez.txt";
 constexpr std::wstring_view kMailFile = L"\\meil.txt";
 
-// A file that cannot be written is no reason to stop: what follows goes on as if it had been.
+// What the mail system answers to a file that it cannot attach.
+constexpr std::uint32_t kMailFailure = 2;
+
+/// False when the file could not be written, whatever the reason.
 template <typename MakeText>
-void WriteIgnoringErrors(TextFiles& files, const std::wstring& path, const MakeText& makeText) {
+bool Write(TextFiles& files, const std::wstring& path, const MakeText& makeText) {
   try {
     files.Write(path, makeText());
+    return true;
   } catch (const std::exception&) {
+    return false;
   }
 }
 
@@ -29,7 +34,7 @@ void clspsc::pExport(std::wstring peh) {
   if (path.back() != L'\\') path += L'\\';
   path += kExportFile;
 
-  WriteIgnoringErrors(m_platform.output.textFiles, path, [&] { return TextUnderHeading(peh); });
+  Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(peh); });
   m_platform.output.pendingMessages.Process();
   // Said whether or not the file could be written.
   m_platform.messages.Show(L"Export do souboru \"vdkvez.txt\" je dokončen.", MessageIcon::Information,
@@ -57,9 +62,10 @@ void clspsc::pMail(std::wstring pmt) {
   // At the root of a drive the folder ends in a backslash already; the doubled one names the same file.
   const std::wstring path = m_programFolder + std::wstring(kMailFile);
   // The file stays there after the message has gone; the next message overwrites it.
-  WriteIgnoringErrors(m_platform.output.textFiles, path, [&] { return TextUnderHeading(pmt); });
-  // The heading is what the recipient sees as the attachment's name; the mail system splits it at semicolons.
-  const std::uint32_t result = m_platform.output.mail.SendDocuments(L";", path, pmt);
+  const bool written = Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(pmt); });
+  // Without it nothing is sent: the file that is there may be an older list. The heading is what the recipient sees as
+  // the attachment's name; the mail system splits it at semicolons.
+  const std::uint32_t result = written ? m_platform.output.mail.SendDocuments(L";", path, pmt) : kMailFailure;
   if (result == 0) return;
   m_platform.messages.Show(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation,
                            std::to_wstring(result));

@@ -204,13 +204,16 @@ TEST(Mail, ShowsTheCodeOfAFailureInTheCaption) {
       ElementsAre(Message{L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation, L"26"}));
 }
 
-TEST(Mail, HandsThePathOnEvenWhenTheFileWasRefused) {
+TEST(Mail, NeverCarriesAnOlderListWhenTheFileWasRefused) {
   const auto loaded = TwoFound();
+  loaded->database.pMail(L"Starší seznam.");
+  ASSERT_THAT(loaded->machine.output.mail.sent, SizeIs(1));
   loaded->machine.output.textFiles.refuses = true;
-  loaded->machine.output.mail.result = 2;
   loaded->database.pMail(kHeading);
   EXPECT_THAT(loaded->machine.output.mail.sent, SizeIs(1));
-  EXPECT_EQ(loaded->machine.messages.messages.at(0).caption, L"2");
+  EXPECT_THAT(
+      loaded->machine.messages.messages,
+      ElementsAre(Message{L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation, L"2"}));
 }
 
 TEST(TextFile, HasTheExactBytesOfWindows1250) {
