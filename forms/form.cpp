@@ -197,6 +197,10 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       Unload(UnloadMode::User);
       return 0;
+    case WM_DESTROY:
+      // A sent message may be what destroys the form; it does not wake the loop that waits for the form's end.
+      PostMessageW(nullptr, WM_NULL, 0, 0);
+      return Native(message, wParam, lParam);
     case WM_SIZE:
       if (m_loaded && wParam != SIZE_MINIMIZED) Form_Resize();
       return 0;
@@ -215,7 +219,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_QUERYENDSESSION:
-      return OnQueryEndSession();
+      return OnQueryEndSession((static_cast<DWORD>(lParam) & ENDSESSION_CRITICAL) != 0);
     case WM_ENDSESSION:
       OnEndSession(wParam != 0);
       return 0;
@@ -255,7 +259,9 @@ void Form::OnTimer(UINT_PTR id) {
   if (found != m_timers.end() && (*found)->m_enabled && (*found)->Elapsed) (*found)->Elapsed();
 }
 
-LRESULT Form::OnQueryEndSession() {
+LRESULT Form::OnQueryEndSession(bool critical) {
+  // It comes whatever the answer is.
+  if (critical) return TRUE;
   std::int16_t cancel = 0;
   Form_QueryUnload(cancel, UnloadMode::SessionEnd);
   return cancel == 0 ? TRUE : FALSE;
@@ -263,10 +269,10 @@ LRESULT Form::OnQueryEndSession() {
 
 void Form::OnEndSession(bool ending) {
   if (!ending || !IsOpen() || m_unloading) return;
-  m_unloading = true;
+  m_unloading = m_sessionEnds = true;
   std::int16_t ignored = 0;
   Guarded([&] { Form_Unload(ignored); });
-  m_unloading = false;
+  m_unloading = m_sessionEnds = false;
   DestroyAndTerminate();
 }
 

@@ -111,6 +111,10 @@ class Form : public Window, public Container {
   /// The client area or the scaling has changed.
   virtual void Form_Resize() {}
 
+  /// True in a Form_Unload that the end of the session has called: Form_QueryUnload was asked before, and nothing is
+  /// left to decide.
+  bool SessionEnds() const { return m_sessionEnds; }
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
@@ -135,7 +139,7 @@ class Form : public Window, public Container {
   void OnSetFocus();
   void OnTimer(UINT_PTR id);
   LRESULT OnEraseBackground(HDC context);
-  LRESULT OnQueryEndSession();
+  LRESULT OnQueryEndSession(bool critical);
   void OnEndSession(bool ending);
   void OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam);
   bool DestroyAndTerminate();
@@ -171,6 +175,7 @@ class Form : public Window, public Container {
   bool m_loading = false;
   bool m_shown = false;
   bool m_unloading = false;
+  bool m_sessionEnds = false;
   bool m_keepsFocus = false;
 };
 

@@ -72,6 +72,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
 
  protected:
   void Form_Load() override;
+  void Form_QueryUnload(std::int16_t& cancel, forms::UnloadMode mode) override;
   void Form_Unload(std::int16_t& cancel) override;
   void Form_Terminate() override;
   void Form_Resize() override;
@@ -96,6 +97,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowMessage(std::wstring_view message);
   void FillLists();
   std::wstring LastUpdateText() const;
+  bool ConfirmsExit();
 
   // frmhlavni_search
   void optMPSC_Click(std::size_t index);

@@ -115,8 +115,15 @@ void frmhlavni::PrubechPamet(float fraction) {
   Prubech(fraction);
 }
 
+bool frmhlavni::ConfirmsExit() { return m_platform.messages.Ask(L"Přejete si program ukončit ?", kApplicationTitle); }
+
+void frmhlavni::Form_QueryUnload(std::int16_t& cancel, forms::UnloadMode mode) {
+  // The end of the session can only be refused here; every other end is asked about when it comes to it.
+  if (mode == forms::UnloadMode::SessionEnd && !ConfirmsExit()) cancel = 1;
+}
+
 void frmhlavni::Form_Unload(std::int16_t& cancel) {
-  if (!m_platform.messages.Ask(L"Přejete si program ukončit ?", kApplicationTitle)) {
+  if (!SessionEnds() && !ConfirmsExit()) {
     cancel = 1;
     return;
   }

@@ -63,7 +63,7 @@ TEST_F(Commands, ObcePscSaysWhichCodeItWouldList) {
   Program program(Exe());
   ASSERT_TRUE(program.WaitReady());
   program.Focus(kTxtMPSC);
-  TypeText(L"Klentnice");
+  TypeText(L"klentnice");
   PressKey(VK_RETURN);
   ASSERT_TRUE(WaitUntil([&] { return program.ListCount(kLstMPSC + 1) == 1; }));
   RECT list{};
@@ -111,7 +111,7 @@ TEST_F(Commands, AccessKeysPressTheirButtons) {
   Program program(Exe());
   ASSERT_TRUE(program.WaitReady());
   program.Focus(kTxtMPSC);
-  TypeText(L"Klentnice");
+  TypeText(L"klentnice");
   Alt('V');
   ASSERT_TRUE(WaitUntil([&] { return program.ListCount(kLstMPSC + 1) == 1; }));
   // The first row is selected by an arrow key; then its code can be listed.

@@ -60,7 +60,7 @@ TEST_F(Start, NoAtTheExitQuestionKeepsEverything) {
   EXPECT_FALSE(program.HasEnded());
   EXPECT_EQ(program.ListCount(kLstMPSC), rows);
   program.Focus(kTxtMPSC);
-  TypeText(L"Aš");
+  TypeText(L"aš");
   PressKey(VK_RETURN);
   EXPECT_TRUE(WaitUntil([&] { return program.ListCount(kLstMPSC + 1) > 0; }));
 }

@@ -84,7 +84,7 @@ TEST_F(Update, TakesTheNewFilesAndStartsAfresh) {
   Program program(Exe());
   ASSERT_TRUE(program.WaitReady());
   program.Focus(kTxtMPSC);
-  TypeText(L"Praha");
+  TypeText(L"praha");
   PressKey(VK_RETURN);
   ASSERT_TRUE(WaitUntil([&] { return program.ListCount(kLstMPSC + 1) > 0; }));
   StartUpdate(program);

@@ -52,27 +52,8 @@ INPUT KeyInput(WORD virtualKey, DWORD flags) {
   return input;
 }
 
-void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
-
-}  // namespace
-
-void TypeText(const std::wstring& text) {
-  std::vector<INPUT> inputs;
-  for (const wchar_t character : text) {
-    for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
-      INPUT input{};
-      input.type = INPUT_KEYBOARD;
-      input.ki.wScan = static_cast<WORD>(character);
-      input.ki.dwFlags = KEYEVENTF_UNICODE | up;
-      inputs.push_back(input);
-    }
-  }
-  Send(inputs);
-}
-
-void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
+void AppendKey(std::vector<INPUT>& inputs, WORD virtualKey, bool control, bool shift, bool alt) {
   const std::pair<bool, WORD> modifiers[] = {{control, VK_CONTROL}, {shift, VK_SHIFT}, {alt, VK_MENU}};
-  std::vector<INPUT> inputs;
   for (const auto& [held, key] : modifiers) {
     if (held) inputs.push_back(KeyInput(key, 0));
   }
@@ -81,6 +62,43 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
   for (const auto& [held, key] : modifiers) {
     if (held) inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
   }
+}
+
+void AppendCharacter(std::vector<INPUT>& inputs, wchar_t character, bool mayShift) {
+  constexpr int kNoKey = -1;
+  const SHORT key = VkKeyScanW(character);
+  const bool shift = (HIBYTE(key) & 1) != 0;
+  if (key != kNoKey && (mayShift || !shift)) {
+    return AppendKey(inputs, LOBYTE(key), (HIBYTE(key) & 2) != 0, shift, (HIBYTE(key) & 4) != 0);
+  }
+  for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wScan = static_cast<WORD>(character);
+    input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+    inputs.push_back(input);
+  }
+}
+
+void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
+
+}  // namespace
+
+void TypeText(const std::wstring& text) {
+  std::vector<INPUT> inputs;
+  for (const wchar_t character : text) AppendCharacter(inputs, character, true);
+  Send(inputs);
+}
+
+void TypeTextWithoutShift(const std::wstring& text) {
+  std::vector<INPUT> inputs;
+  for (const wchar_t character : text) AppendCharacter(inputs, character, false);
+  Send(inputs);
+}
+
+void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
+  std::vector<INPUT> inputs;
+  AppendKey(inputs, virtualKey, control, shift, alt);
   Send(inputs);
 }
 

@@ -10,8 +10,12 @@
 
 namespace kvez::test {
 
-/// Real input, as from the keyboard and the pointer.
+/// Real input, as from the keyboard and the pointer. A text is typed by the keys of the keyboard's layout, with Shift
+/// and all that they need; only what the layout lacks comes as a character without a key.
 void TypeText(const std::wstring& text);
+/// The same without ever pressing Shift, for texts with capitals or "*" in the search boxes: there Shift hands the
+/// focus over to the other box as soon as it goes down, and takes the rest of the text along.
+void TypeTextWithoutShift(const std::wstring& text);
 void PressKey(WORD virtualKey, bool control = false, bool shift = false, bool alt = false);
 void MovePointer(POINT screen);
 void ClickAt(POINT screen, bool rightButton = false);

@@ -119,8 +119,17 @@ void PointAt(POINT screen) {
   SendOne(input);
 }
 
-void PressButton(bool right) { SendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN); }
-void ReleaseButton(bool right) { SendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP); }
+void PressButton(MouseButton button) {
+  SendMouse(button == MouseButton::Left    ? MOUSEEVENTF_LEFTDOWN
+            : button == MouseButton::Right ? MOUSEEVENTF_RIGHTDOWN
+                                           : MOUSEEVENTF_MIDDLEDOWN);
+}
+
+void ReleaseButton(MouseButton button) {
+  SendMouse(button == MouseButton::Left    ? MOUSEEVENTF_LEFTUP
+            : button == MouseButton::Right ? MOUSEEVENTF_RIGHTUP
+                                           : MOUSEEVENTF_MIDDLEUP);
+}
 
 POINT OnScreen(HWND window, int x, int y) {
   POINT point{x, y};

@@ -32,8 +32,9 @@ void Type(WORD virtualKey);  // press and release
 void TypeWith(WORD modifier, WORD virtualKey);
 void TypeCharacter(wchar_t character);
 void PointAt(POINT screen);
-void PressButton(bool right = false);
-void ReleaseButton(bool right = false);
+enum class MouseButton { Left, Right, Middle };
+void PressButton(MouseButton button = MouseButton::Left);
+void ReleaseButton(MouseButton button = MouseButton::Left);
 
 /// A point of a window's client area, in pixels, on the screen.
 POINT OnScreen(HWND window, int x, int y);

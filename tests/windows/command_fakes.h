@@ -28,10 +28,14 @@ class FakeDownloader : public Downloader {
 class FakeHelpViewer : public HelpViewer {
  public:
   void Show(const std::wstring& path) override { shown.push_back(path); }
-  void CloseAll() override { ++closings; }
+  void CloseAll() override {
+    ++closings;
+    if (onCloseAll) onCloseAll();
+  }
 
   std::vector<std::wstring> shown;
   int closings = 0;
+  std::function<void()> onCloseAll;  // what the world looks like while the program closes
 };
 
 /// All that the commands ask of the machine.

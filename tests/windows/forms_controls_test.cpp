@@ -159,8 +159,8 @@ TEST_F(ListBoxTest, SelectingByPointerAndKeyboardRaisesClick) {
   EXPECT_EQ(Take(), (Log{"click 2", "up 1"}));
   test::Type(VK_DOWN);
   EXPECT_EQ(Take(), Log{"click 3"});
-  test::PressButton(true);
-  test::ReleaseButton(true);
+  test::PressButton(test::MouseButton::Right);
+  test::ReleaseButton(test::MouseButton::Right);
   EXPECT_EQ(Take(), Log{"up 2"});
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <thread>
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
@@ -82,10 +83,11 @@ TEST(FormLife, SecondRequestWhileTheFirstOneAsksIsRefused) {
   EXPECT_EQ(asked, 1);
 }
 
-TEST(FormLife, EndOfTheSessionMayBeRefused) {
+TEST(FormLife, EndOfTheSessionAsksTheQuestionAndThenUnloads) {
   TestForm form;
   form.queryUnload = [](std::int16_t& cancel, UnloadMode mode) { cancel = mode == UnloadMode::SessionEnd ? 1 : 0; };
   EXPECT_EQ(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
+  EXPECT_EQ(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, static_cast<LPARAM>(ENDSESSION_CRITICAL)), TRUE);
   form.queryUnload = nullptr;
   EXPECT_EQ(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), TRUE);
   bool unloaded = false;
@@ -372,13 +374,24 @@ TEST(FormTimer, NothingTicksAfterUnload) {
   EXPECT_FALSE(test::PumpWithin(0.1, [&] { return ticks > 0; }));
 }
 
-TEST(MessageLoop, ReturnsWhenItsFormIsUnloaded) {
+TEST(MessageLoop, ReturnsWhenASentMessageEndsItsForm) {
   TestForm form;
   TestForm other;
-  Timer timer;
-  timer.Create(form, 10, true);
-  timer.Elapsed = [&] { form.Unload(); };
+  DoEvents();
+  const DWORD loopThread = GetCurrentThreadId();
+  const HANDLE returned = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  bool wokenByTheTest = false;
+  std::thread sender([&, window = form.Handle()] {
+    // Nothing else is in the queue that could wake the loop.
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    wokenByTheTest = WaitForSingleObject(returned, 10000) == WAIT_TIMEOUT;
+    if (wokenByTheTest) PostThreadMessageW(loopThread, WM_NULL, 0, 0);
+  });
   RunMessageLoop(form);
+  SetEvent(returned);
+  sender.join();
+  CloseHandle(returned);
+  EXPECT_FALSE(wokenByTheTest);
   EXPECT_FALSE(form.IsOpen());
   EXPECT_TRUE(other.IsOpen());
 }

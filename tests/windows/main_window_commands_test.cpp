@@ -19,7 +19,7 @@ using ::testing::IsEmpty;
 class MainWindowCommands : public MainWindowTest {
  protected:
   void Click(tlText& button) { SendMessageW(button.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5)); }
-  /// Alt and a letter, as the keyboard sends it.
+  /// Alt and a letter as a message: in a search box the Shift that a capital needs would first hand the focus over.
   void AccessKey(wchar_t letter) {
     MSG message{};
     message.hwnd = m_window->Handle();
@@ -27,17 +27,6 @@ class MainWindowCommands : public MainWindowTest {
     message.wParam = letter;
     message.lParam = 1 << 29;
     m_window->TranslateKey(message);
-  }
-  static void Hold(BYTE key, bool held) {
-    BYTE state[256] = {};
-    GetKeyboardState(state);
-    state[key] = held ? 0x80 : 0;
-    SetKeyboardState(state);
-  }
-  void PressWith(std::initializer_list<BYTE> modifiers, WPARAM key) {
-    for (const BYTE modifier : modifiers) Hold(modifier, true);
-    SendMessageW(m_window->txtMPSC[0].Handle(), WM_KEYDOWN, key, 1);
-    for (const BYTE modifier : modifiers) Hold(modifier, false);
   }
   HWND SettingsWindow() {
     const HWND found = FindWindowW(L"KvezNastaveni", L"Kvez - nastavení");
@@ -162,15 +151,18 @@ TEST_F(MainWindowCommands, StornoGoesBackToSearching) {
 }
 
 TEST_F(MainWindowCommands, EscapeIsStornoWhileAboutIsOpen) {
-  frmhlavni& window = Open();
-  MSG escape{};
-  escape.hwnd = window.Handle();
-  escape.message = WM_KEYDOWN;
-  escape.wParam = VK_ESCAPE;
-  escape.lParam = 1;
-  EXPECT_FALSE(window.TranslateKey(escape));
+  frmhlavni& window = OpenInFront();
+  int stornos = 0;
+  const auto original = window.tlHStorno.Click;
+  window.tlHStorno.Click = [&] {
+    ++stornos;
+    original();
+  };
+  PressKey(VK_ESCAPE);
+  EXPECT_EQ(stornos, 0);
   Click(window.tlHOaplikaci);
-  EXPECT_TRUE(window.TranslateKey(escape));
+  PressKey(VK_ESCAPE);
+  EXPECT_EQ(stornos, 1);
   EXPECT_FALSE(window.fraMPSCO.Visible());
   EXPECT_TRUE(window.IsOpen());
 }
@@ -205,45 +197,45 @@ TEST_F(MainWindowCommands, ClickHandlersOfTheShellButtonsClearTheStatus) {
 }
 
 TEST_F(MainWindowCommands, ControlKeysSelectTheModes) {
-  frmhlavni& window = Open();
-  PressWith({VK_CONTROL}, 'P');
+  frmhlavni& window = OpenInFront();
+  PressKey('P', true);
   EXPECT_TRUE(window.optMPSC[0].Value());
   EXPECT_EQ(window.txtMPSC[0].MaxLength(), 6);
-  PressWith({VK_CONTROL}, 'O');
+  PressKey('O', true);
   EXPECT_TRUE(window.optMPSC[2].Value());
   EXPECT_TRUE(window.lstMPSC[2].Visible());
-  PressWith({VK_CONTROL}, 'M');
+  PressKey('M', true);
   EXPECT_TRUE(window.optMPSC[1].Value());
   EXPECT_TRUE(window.lstMPSC[0].Visible());
 }
 
 TEST_F(MainWindowCommands, OtherShiftStatesDoNothing) {
-  frmhlavni& window = Open();
-  PressWith({VK_CONTROL, VK_SHIFT}, 'P');
-  PressWith({VK_CONTROL, VK_MENU}, 'P');
-  PressWith({VK_SHIFT}, 'P');
-  PressWith({}, 'P');
+  frmhlavni& window = OpenInFront();
+  PressKey('P', true, true);
+  PressKey('P', true, false, true);
+  PressKey('P', false, true);
+  PressKey('P');
   EXPECT_TRUE(window.optMPSC[1].Value());
 }
 
 TEST_F(MainWindowCommands, WithoutDistrictsControlOSelectsNothing) {
   m_machine.disk.files.erase(kFolder + L"\\vd3.kl_");
-  frmhlavni& window = Open();
-  PressWith({VK_CONTROL}, 'O');
+  frmhlavni& window = OpenInFront();
+  PressKey('O', true);
   EXPECT_FALSE(window.optMPSC[2].Value());
   EXPECT_TRUE(window.optMPSC[1].Value());
 }
 
 TEST_F(MainWindowCommands, AModeKeyLeavesTheAboutPanel) {
-  frmhlavni& window = Open();
+  frmhlavni& window = OpenInFront();
   Click(window.tlHOaplikaci);
-  PressWith({VK_CONTROL}, 'P');
+  PressKey('P', true);
   EXPECT_FALSE(window.fraMPSCO.Visible());
   EXPECT_TRUE(window.optMPSC[0].Value());
 }
 
 TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
-  frmhlavni& window = Open();
+  frmhlavni& window = OpenInFront();
   std::wstring pressed;
   const auto listen = [&pressed](tlText& button, wchar_t letter) {
     button.Click = [&pressed, letter] { pressed.push_back(letter); };
@@ -255,12 +247,12 @@ TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
   listen(window.tlHNastaveni, L's');
   listen(window.tlHKonec, L'k');
   window.tlHObcePSC.SetVisible(true);
-  for (const wchar_t letter : std::wstring(L"bvansk")) AccessKey(letter);
+  for (const WORD key : {'B', 'V', 'A', 'N', 'S', 'K'}) PressKey(key, false, false, true);
   EXPECT_EQ(pressed, L"bvansk");
   for (const wchar_t letter : std::wstring(L"BVANSK")) AccessKey(letter);
   EXPECT_EQ(pressed, L"bvanskbvansk");
 
-  AccessKey(L'o');
+  PressKey('O', false, false, true);
   ASSERT_TRUE(window.fraMPSCO.Visible());
   const auto shell = [&pressed](tlText& button, wchar_t letter) {
     button.SetShellExecute([&pressed, letter](HWND, const char*, const char*, const char*, const char*, int) {
@@ -272,10 +264,10 @@ TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
   shell(window.tlHWWW, L'i');
   shell(window.tlHPCInfo, L'p');
   pressed.clear();
-  for (const wchar_t letter : std::wstring(L"eip")) AccessKey(letter);
+  for (const WORD key : {'E', 'I', 'P'}) PressKey(key, false, false, true);
   EXPECT_EQ(pressed, L"eip");
   // Now it is the panel's way back: the settings button, which shares the letter, is disabled.
-  AccessKey(L's');
+  PressKey('S', false, false, true);
   EXPECT_FALSE(window.fraMPSCO.Visible());
   EXPECT_EQ(pressed, L"eip");
 }

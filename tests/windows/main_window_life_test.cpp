@@ -1,16 +1,44 @@
 // The main window from its loading to its end.
 
-#include <array>
+#include <gmock/gmock.h>
 
+#include <array>
+#include <optional>
+
+#include "forms/mouse_pointer.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
+#include "tests/windows/message_watch.h"
+#include "tests/windows/status_bar_view.h"
 
 namespace kvez {
 namespace {
 
+using ::testing::ElementsAre;
 using Strings = std::vector<std::wstring>;
 
-class MainWindowLife : public MainWindowTest {};
+class MainWindowLife : public MainWindowTest {
+ protected:
+  /// What the status bar and the message panel show the user, taken whenever the message is painted: then the label
+  /// asks the panel for its colours.
+  Strings WatchLoading(const std::function<void()>& load) {
+    Strings steps;
+    const test::MessageWatch watch(m_window->picMPSCPI.Handle(), WM_CTLCOLORSTATIC, [&] {
+      if (!m_window->picMPSCPI.Visible()) return;
+      const test::StatusBarView status(m_window->Handle());
+      std::wstring icon = L"(no icon)";
+      for (const wchar_t* name : {L"NACITANI", L"SEZNAM", L"APLIKACE"}) {
+        if (status.ShowsIcon(name)) icon = name;
+      }
+      const std::wstring step = icon + L" | " + status.Text() + L" | " + m_window->lblZpravaI.Caption();
+      if (steps.empty() || steps.back() != step) steps.push_back(step);
+      EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerHourglass) << ::testing::PrintToString(step);
+      EXPECT_EQ(status.Flags(), 0) << ::testing::PrintToString(step);
+    });
+    load();
+    return steps;
+  }
+};
 
 TEST_F(MainWindowLife, AfterLoadingItShowsTheListsInNameMode) {
   frmhlavni& window = Open();
@@ -87,6 +115,55 @@ TEST_F(MainWindowLife, MessagePanelIsMadeWhereTheLoadingPutsIt) {
   const frmhlavni window(m_database, m_machine.Platform(), m_clock,
                          m_commands.Services(m_machine.settings, m_programFolder));
   EXPECT_EQ(window.picMPSCPI.GetPlace(), Open().picMPSCPI.GetPlace());
+}
+
+TEST_F(MainWindowLife, LoadingSaysAndShowsEachOfItsSteps) {
+  const auto theSteps =
+      ElementsAre(L"NACITANI | Načítání databáze obcí ze souboru. | Strpení prosím, načítám databázi obcí.",
+                  L"NACITANI | Načítání databáze dodávacích pošt ze souboru. | Strpení prosím, načítám databázi pošt.",
+                  L"NACITANI | Načítání databáze okresů ze souboru. | Strpení prosím, načítám databázi okresů.",
+                  L"SEZNAM | Vytváření uživatelského seznamu. | Strpení prosím, vytvářím seznam obcí.",
+                  L"SEZNAM | Vytváření uživatelského seznamu. | Strpení prosím, vytvářím pomocný seznam okresů.");
+  frmhlavni& window = Make();
+  EXPECT_THAT(WatchLoading([&] { window.Load(); }), theSteps);
+  EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerDefault);
+  const test::StatusBarView status(window.Handle());
+  EXPECT_TRUE(status.ShowsIcon(L"APLIKACE"));
+  EXPECT_EQ(status.Text(), L"Vyhledá obce odpovídající zadanému textu.");
+  m_database.pscUvolni();
+  window.picMPSCPI.SetVisible(true);
+  EXPECT_THAT(WatchLoading([&] { window.NactiDatabazi(); }), theSteps);
+  EXPECT_TRUE(status.ShowsIcon(L"APLIKACE"));
+  EXPECT_EQ(status.Text(), L"Poslední aktualizace databáze byla provedena 16.listopad 2026.");
+}
+
+TEST_F(MainWindowLife, AboutButtonsTakeTheFocusMarkOfTheFirst) {
+  frmhlavni& window = Make();
+  window.tlHMeil.SetFocusDraw(0);
+  window.Load();
+  for (const tlText* button : {&window.tlHWWW, &window.tlHPCInfo, &window.tlHStorno}) {
+    EXPECT_EQ(button->FocusDraw(), 0) << ::testing::PrintToString(button->Caption());
+  }
+}
+
+TEST_F(MainWindowLife, SaysGoodbyeBeforeItGoes) {
+  frmhlavni& window = Open();
+  window.txtMPSC[0].SetText(L"Praha");
+  window.VyhledejSeznam();
+  Strings painted;
+  const test::MessageWatch watch(window.picMPSCPI.Handle(), WM_CTLCOLORSTATIC,
+                                 [&] { painted.push_back(window.lblZpravaI.Caption()); });
+  m_commands.help.onCloseAll = [&] {
+    EXPECT_TRUE(IsWindowVisible(window.picMPSCPI.Handle()));
+    ASSERT_FALSE(painted.empty());
+    EXPECT_EQ(painted.back(), L"Nashledanou.");
+    EXPECT_EQ(window.lstMPSC[kListAll].ListCount(), 0);
+    EXPECT_EQ(window.lstMPSC[kListResult].ListCount(), 0);
+    EXPECT_TRUE(IsWindowVisible(window.Handle()));
+  };
+  m_machine.messages.answers = {true};
+  EXPECT_TRUE(window.Unload());
+  EXPECT_EQ(m_commands.help.closings, 1);
 }
 
 TEST_F(MainWindowLife, SearchButtonIsThereWhileItLoads) {
@@ -195,6 +272,65 @@ TEST_F(MainWindowLife, YesAtTheExitQuestionReleasesTheData) {
   EXPECT_FALSE(window.IsOpen());
   EXPECT_EQ(m_database.pscCelkem(), 0);
   m_window.reset();
+}
+
+class MainWindowSessionEnd : public MainWindowTest {
+ protected:
+  LRESULT Query(LPARAM kind = 0) { return SendMessageW(m_window->Handle(), WM_QUERYENDSESSION, 0, kind); }
+  void End(bool ending) { SendMessageW(m_window->Handle(), WM_ENDSESSION, ending ? TRUE : FALSE, 0); }
+  void ExpectThatItWorks() {
+    EXPECT_TRUE(IsWindowVisible(m_window->Handle()));
+    EXPECT_EQ(m_window->lstMPSC[kListAll].ListCount(), 6);
+    m_window->txtMPSC[0].SetText(L"Lednice");
+    m_window->VyhledejSeznam();
+    EXPECT_EQ(Rows(m_window->lstMPSC[kListResult]), Strings{L"Lednice"});
+  }
+};
+
+TEST_F(MainWindowSessionEnd, MayBeRefused) {
+  Open();
+  m_machine.messages.answers = {false};
+  EXPECT_EQ(Query(), FALSE);
+  EXPECT_THAT(m_machine.messages.questions,
+              ElementsAre(fakes::MessageDialogFake::Question{L"Přejete si program ukončit ?", L"Kvez"}));
+  End(false);
+  ExpectThatItWorks();
+}
+
+TEST_F(MainWindowSessionEnd, AsksOnceAndEndsCompletely) {
+  m_machine.settings.values[{L"VD", L"VDKVEZ", L"zástupce"}] = L"True";
+  frmhlavni& window = Open();
+  window.tlHNastaveni.Click();
+  m_machine.messages.answers = {true};
+  EXPECT_EQ(Query(), TRUE);
+  EXPECT_EQ(m_database.pscCelkem(), 6);
+  End(true);
+  EXPECT_EQ(m_machine.messages.questions.size(), 1U);
+  EXPECT_FALSE(window.IsOpen());
+  EXPECT_EQ(m_database.pscCelkem(), 0);
+  EXPECT_FALSE(frmnastaveni::SettingsOpen);
+  EXPECT_EQ(m_commands.help.closings, 1);
+  ASSERT_FALSE(m_commands.automation.steps.empty());
+  EXPECT_EQ(m_commands.automation.steps.back(), L"Save()");
+}
+
+TEST_F(MainWindowSessionEnd, CalledOffLeavesAProgramThatWorksAndAsksAgain) {
+  frmhlavni& window = Open();
+  m_machine.messages.answers = {true, false};
+  EXPECT_EQ(Query(), TRUE);
+  End(false);
+  ExpectThatItWorks();
+  EXPECT_FALSE(window.Unload());
+  EXPECT_EQ(m_machine.messages.questions.size(), 2U);
+}
+
+TEST_F(MainWindowSessionEnd, IsNotAskedAboutWhenItIsCritical) {
+  frmhlavni& window = Open();
+  EXPECT_EQ(Query(static_cast<LPARAM>(ENDSESSION_CRITICAL)), TRUE);
+  End(true);
+  EXPECT_TRUE(m_machine.messages.questions.empty());
+  EXPECT_FALSE(window.IsOpen());
+  EXPECT_EQ(m_database.pscCelkem(), 0);
 }
 
 TEST_F(MainWindowLife, ProgressBarGrowsAndMayShrink) {

@@ -11,7 +11,7 @@ class Lists : public MainWindowTest {
  protected:
   static void MoveOver(forms::ListBox& list, int row) {
     const auto height = static_cast<int>(SendMessageW(list.Handle(), LB_GETITEMHEIGHT, 0, 0));
-    SendMessageW(list.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(10, row * height + height / 2));
+    test::PointAt(test::OnScreen(list.Handle(), 10, row * height + height / 2));
   }
 };
 
@@ -79,8 +79,8 @@ TEST_F(Lists, DistrictEnablesTheSearchAgain) {
 }
 
 TEST_F(Lists, SelectionFollowsThePointerOnlyWhenWanted) {
-  frmhlavni& window = Open();
-  MoveOver(window.lstMPSC[0], 2);
+  frmhlavni& window = OpenInFront();
+  MoveOver(window.lstMPSC[0], 3);
   EXPECT_EQ(window.lstMPSC[0].ListIndex(), -1);
   SetSetting(0, L"1");
   MoveOver(window.lstMPSC[0], 2);
@@ -90,7 +90,7 @@ TEST_F(Lists, SelectionFollowsThePointerOnlyWhenWanted) {
 
 TEST_F(Lists, PointerBelowTheLastRowSelectsNothing) {
   SetSetting(0, L"1");
-  frmhlavni& window = Open();
+  frmhlavni& window = OpenInFront();
   MoveOver(window.lstMPSC[0], 3);
   MoveOver(window.lstMPSC[0], 9);
   EXPECT_EQ(window.lstMPSC[0].ListIndex(), 3);

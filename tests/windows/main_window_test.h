@@ -11,6 +11,8 @@
 #include "platform/windows/windows_clock.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
+#include "tests/support/program_driver.h"
+#include "tests/support/window_test.h"
 #include "tests/windows/command_fakes.h"
 
 namespace kvez {
@@ -47,12 +49,37 @@ class MainWindowTest : public ::testing::Test {
     m_window->Unload();
   }
 
-  frmhlavni& Open() {
+  /// The window before its loading.
+  frmhlavni& Make() {
     m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock,
                                            m_commands.Services(m_machine.settings, m_programFolder));
-    m_window->Load();
+    return *m_window;
+  }
+  frmhlavni& Open() {
+    Make().Load();
     forms::DoEvents();
     return *m_window;
+  }
+
+  /// The same in front of everything: what the keyboard types goes to it.
+  frmhlavni& OpenInFront() {
+    frmhlavni& window = Open();
+    EXPECT_TRUE(test::ShowActive(window));
+    return window;
+  }
+
+  // Real keys; each returns when they have arrived.
+  static void TypeText(const std::wstring& text) {
+    test::TypeText(text);
+    test::PumpInput();
+  }
+  static void TypeTextWithoutShift(const std::wstring& text) {
+    test::TypeTextWithoutShift(text);
+    test::PumpInput();
+  }
+  static void PressKey(WORD key, bool control = false, bool shift = false, bool alt = false) {
+    test::PressKey(key, control, shift, alt);
+    test::PumpInput();
   }
 
   void SetSetting(int number, const wchar_t* value) {
@@ -64,17 +91,6 @@ class MainWindowTest : public ::testing::Test {
     for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
     return rows;
   }
-
-  /// A key as the box receives it: down with its character, then up.
-  static void Press(forms::TextBox& box, WPARAM key, wchar_t character = 0) {
-    SendMessageW(box.Handle(), WM_KEYDOWN, key, 0);
-    if (character != 0) SendMessageW(box.Handle(), WM_CHAR, character, 0);
-    SendMessageW(box.Handle(), WM_KEYUP, key, 0);
-  }
-  static void Type(forms::TextBox& box, const std::wstring& text) {
-    for (const wchar_t character : text) Press(box, 0xE8, character);  // a key without a meaning of its own
-  }
-  static void PressEnter(forms::TextBox& box) { Press(box, VK_RETURN, L'\r'); }
 
   static inline const std::wstring kFolder = L"C:\\Kvez";
   fakes::Machine m_machine;

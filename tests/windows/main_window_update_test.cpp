@@ -1,8 +1,5 @@
 // The update and the help in the real main window, over a machine of the test's own.
 #include <gmock/gmock.h>
-#include <windows.h>
-// Stays below windows.h.
-#include <commctrl.h>
 
 #include <filesystem>
 #include <fstream>
@@ -13,6 +10,7 @@
 #include "mainwindow/addresses.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
+#include "tests/windows/message_watch.h"
 #include "tests/windows/status_bar_view.h"
 
 namespace kvez {
@@ -23,27 +21,6 @@ using testing::IsEmpty;
 
 const std::wstring kLastUpdate = L"Poslední aktualizace databáze byla provedena 16.listopad 2026.";
 const std::wstring kBase = kDownloadBase;
-
-/// Calls back whenever a window is painted.
-class PaintWatch {
- public:
-  PaintWatch(HWND window, std::function<void()> painted) : m_window(window), m_painted(std::move(painted)) {
-    SetWindowSubclass(m_window, &PaintWatch::Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
-  }
-  PaintWatch(const PaintWatch&) = delete;
-  PaintWatch& operator=(const PaintWatch&) = delete;
-  ~PaintWatch() { RemoveWindowSubclass(m_window, &PaintWatch::Procedure, 1); }
-
- private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                    DWORD_PTR watch) {
-    if (message == WM_PAINT) reinterpret_cast<PaintWatch*>(watch)->m_painted();
-    return DefSubclassProc(window, message, wParam, lParam);
-  }
-
-  HWND m_window;
-  std::function<void()> m_painted;
-};
 
 class MainWindowUpdate : public MainWindowTest {
  protected:
@@ -114,7 +91,7 @@ TEST_F(MainWindowUpdate, ReleasesTheOldDataBehindTheMessagePanel) {
   window.VyhledejSeznam();
   ASSERT_EQ(window.lstMPSC[1].ListCount(), 1);
   int paintings = 0;
-  const PaintWatch watch(window.picZpravaI.Handle(), [&] {
+  const test::MessageWatch watch(window.picZpravaI.Handle(), WM_PAINT, [&] {
     if (status->Text() != L"Stažení aktuálního datového souboru bylo úspěšné.") return;
     ++paintings;
     EXPECT_EQ(window.lblZpravaI.Caption(), L"Strpení prosím, uvolňuji paměť.");
@@ -339,8 +316,8 @@ TEST_F(MainWindowHelp, HiddenAndSystemFilesAndFoldersCountAsMissing) {
 
 TEST_F(MainWindowHelp, F1OpensIt) {
   CreateHelp();
-  frmhlavni& window = OpenWatched();
-  SendMessageW(window.txtMPSC[0].Handle(), WM_KEYDOWN, VK_F1, 1);
+  OpenInFront();
+  PressKey(VK_F1);
   EXPECT_THAT(m_commands.help.shown, ElementsAre(help));
 }
 

@@ -58,6 +58,21 @@ class TlTextPainting : public test::ButtonOnScreen {
   }
   static ::testing::AssertionResult HasNoBorder(const Pixels& pixels) { return HasBorder(pixels, 0, 0, All(pixels)); }
 
+  /// The smallest rectangle with all pixels that differ.
+  static RECT Differences(const Pixels& first, const Pixels& second) {
+    RECT differences{};
+    for (int y = 0; y < first.Height(); ++y) {
+      for (int x = 0; x < first.Width(); ++x) {
+        if (first.At(x, y) == second.At(x, y)) continue;
+        const RECT pixel{x, y, x + 1, y + 1};
+        RECT all{};
+        UnionRect(&all, &differences, &pixel);
+        differences = all;
+      }
+    }
+    return differences;
+  }
+
   static void ExpectShiftedByOne(const RECT& normal, const RECT& shifted) {
     EXPECT_EQ(shifted.left, normal.left + 1);
     EXPECT_EQ(shifted.top, normal.top + 1);
@@ -301,6 +316,26 @@ TEST_F(TlTextPainting, CzechLettersSurviveTheCodePage) {
   EXPECT_EQ(different, 0);
 }
 
+TEST_F(TlTextPainting, AccessKeyIsUnderlinedAndItsMarkIsNotDrawn) {
+  button.SetDEBorder(3);  // no border
+  for (const bool enabled : {true, false}) {
+    button.SetEnabled(enabled);
+    button.SetCaption(L"HHH");
+    const Pixels plain = OnScreenNow();
+    button.SetCaption(L"H&HH");
+    const Pixels marked = OnScreenNow();
+    const RECT letters = plain.Extent(enabled ? kFore : GetSysColor(COLOR_BTNSHADOW));
+    const RECT underline = Differences(plain, marked);
+    EXPECT_FALSE(IsRectEmpty(&underline)) << "enabled " << enabled;
+    // Below the letters, under the one in the middle; embossed it has a light half below and right of its dark one.
+    EXPECT_GE(underline.top, letters.bottom) << "enabled " << enabled;
+    EXPECT_LE(underline.bottom - underline.top, enabled ? 1 : 2);
+    const LONG third = (letters.right - letters.left) / 3;
+    EXPECT_NEAR(underline.left, letters.left + third, 2) << "enabled " << enabled;
+    EXPECT_NEAR(underline.right, letters.right - third, 2) << "enabled " << enabled;
+  }
+}
+
 TEST_F(TlTextPainting, DisabledButtonStillDrawsItsBorderAndAnEmbossedCaption) {
   button.SetEnabled(false);
   const Pixels pixels = OnScreenNow();
@@ -315,6 +350,33 @@ TEST_F(TlTextPainting, TextColorIsNoReferenceToASystemColor) {
   button.SetForeColor(0x8000000E);
   const Pixels pixels = OnScreenNow();
   EXPECT_GT(pixels.Count(RGB(0x0E, 0, 0)), 0);
+}
+
+TEST_F(TlTextPainting, HoverAndDownColorsAreNoReferencesEither) {
+  button.SetMoveColor(0x8000000E);
+  button.SetDownColor(0x8000000D);
+  test::PointAt(Center());
+  EXPECT_GT(OnScreenNow().Count(RGB(0x0E, 0, 0)), 0);
+  test::PressButton();
+  EXPECT_GT(OnScreenNow().Count(RGB(0x0D, 0, 0)), 0);
+}
+
+TEST_F(TlTextPainting, FocusMarksColorIsNoReferenceEither) {
+  button.SetFocusColor(0x8000000E);
+  button.SetFocus();
+  EXPECT_EQ(OnScreenNow().Count(RGB(0x0E, 0, 0)), 81 + 23 - 1);
+}
+
+TEST_F(TlTextPainting, StoredValuesThatAreNotAllOnesAreNotZeroAllTheSame) {
+  for (const std::int16_t stored : std::initializer_list<std::int16_t>{1, 2, -2}) {
+    button.SetEnabled(Boolean::FromStored(stored));
+    EXPECT_EQ(CaptionColor(OnScreenNow()), kFore) << stored;
+    button.SetDEMove(Boolean::FromStored(stored));
+    EXPECT_TRUE(HasNoBorder(OnScreenNow())) << stored;
+    test::PointAt(Center());
+    EXPECT_TRUE(HasRaisedBorder(OnScreenNow())) << stored;
+    test::PointAt(Outside());
+  }
 }
 
 TEST_F(TlTextPainting, BackgroundMayBeAReferenceToASystemColor) {

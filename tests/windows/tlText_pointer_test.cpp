@@ -1,4 +1,7 @@
 // What the button does with a real pointer.
+#include <algorithm>
+#include <ostream>
+
 #include "controls/pointer_picture.h"
 #include "forms/guard.h"
 #include "tests/support/button_fixture.h"
@@ -12,6 +15,22 @@ class TlTextPointer : public test::ButtonOnScreen {
  protected:
   bool IsOver() const { return button.RunTime().IsOver.IsTrue(); }
   bool IsDown() const { return button.RunTime().IsDown.IsTrue(); }
+
+  std::vector<std::pair<bool, int>> told;  // entering, and how often it was painted by then
+};
+
+/// What a mouse event tells: button, Shift state, and the place in twips.
+struct MouseEventSeen {
+  std::string event;
+  std::int16_t button;
+  std::int16_t shift;
+  float x;
+  float y;
+
+  friend bool operator==(const MouseEventSeen&, const MouseEventSeen&) = default;
+  friend void PrintTo(const MouseEventSeen& seen, std::ostream* stream) {
+    *stream << seen.event << " button " << seen.button << " shift " << seen.shift << " at " << seen.x << ", " << seen.y;
+  }
 };
 
 TEST_F(TlTextPointer, EnteringAndLeavingAreTold) {
@@ -76,6 +95,12 @@ TEST_F(TlTextPointer, HoverChangeAsksForTheInsideUnlessTheBorderComesAndGoes) {
   EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().ClientRect));
   test::PointAt(Center());
   EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().ClientRect));
+  // A stored value that is neither 0 nor all ones is not "true".
+  button.SetDEMove(Boolean::FromStored(1));
+  test::PointAt(Outside());
+  EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().FocusRect));
+  test::PointAt(Center());
+  EXPECT_TRUE(EqualRect(&button.lastPainted, &button.RunTime().FocusRect));
 }
 
 TEST_F(TlTextPointer, ClickTellsItsEventsInOrder) {
@@ -141,15 +166,80 @@ TEST_F(TlTextPointer, ReleaseOfAPressThatBeganElsewhereRunsTheAction) {
   EXPECT_EQ(events[1], "Click");
 }
 
-TEST_F(TlTextPointer, RightButtonDoesNothing) {
+TEST_F(TlTextPointer, OtherButtonsDoNothing) {
   test::PointAt(Center());
   button.TakeEvents();
   button.TakePaints();
-  test::PressButton(true);
-  EXPECT_FALSE(IsDown());
-  test::ReleaseButton(true);
+  for (const test::MouseButton pressed : {test::MouseButton::Right, test::MouseButton::Middle}) {
+    test::PressButton(pressed);
+    EXPECT_FALSE(IsDown());
+    test::ReleaseButton(pressed);
+  }
   EXPECT_EQ(button.TakeEvents(), Events{});
   EXPECT_EQ(button.TakePaints(), 0);
+}
+
+class TlTextPointerEvents : public TlTextPointer {
+ protected:
+  void SetUp() override {
+    TlTextPointer::SetUp();
+    const auto record = [this](const char* event) {
+      return [this, event](std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
+        seen.push_back({event, Button, Shift, X, Y});
+      };
+    };
+    button.MouseMove = record("move");
+    button.MouseDown = record("down");
+    button.MouseUp = record("up");
+  }
+
+  /// As a message: the display's server, which knows of no held key, lets go of it whenever the pointer moves.
+  MouseEventSeen Send(UINT message, WPARAM buttons, POINT pixels, BYTE heldKey) {
+    seen.clear();
+    BYTE state[256] = {};
+    GetKeyboardState(state);
+    state[heldKey] = 0x80;
+    SetKeyboardState(state);
+    SendMessageW(button.Handle(), message, buttons, MAKELPARAM(pixels.x, pixels.y));
+    state[heldKey] = 0;
+    SetKeyboardState(state);
+    return seen.size() == 1 ? seen.front() : MouseEventSeen{"none or several", 0, 0, 0, 0};
+  }
+
+  std::vector<MouseEventSeen> seen;
+};
+
+TEST_F(TlTextPointerEvents, TellButtonShiftAndPlace) {
+  EXPECT_EQ(Send(WM_MOUSEMOVE, 0, {20, 10}, VK_SHIFT), (MouseEventSeen{"move", 0, forms::kShiftMask, 300, 150}));
+  EXPECT_EQ(Send(WM_LBUTTONDOWN, MK_LBUTTON, {21, 11}, VK_CONTROL),
+            (MouseEventSeen{"down", forms::kLeftButton, forms::kCtrlMask, 315, 165}));
+  EXPECT_EQ(Send(WM_MOUSEMOVE, MK_LBUTTON, {41, 3}, VK_MENU),
+            (MouseEventSeen{"move", forms::kLeftButton, forms::kAltMask, 615, 45}));
+  EXPECT_EQ(Send(WM_LBUTTONUP, 0, {42, 2}, VK_SHIFT),
+            (MouseEventSeen{"up", forms::kLeftButton, forms::kShiftMask, 630, 30}));
+}
+
+TEST_F(TlTextPointerEvents, TellThePlaceOfTheRealPointer) {
+  test::PointAt(test::OnScreen(button.Handle(), 20, 10));
+  test::PressButton();
+  test::ReleaseButton();
+  for (const char* event : {"move", "down", "up"}) {
+    const auto found = std::ranges::find(seen, event, &MouseEventSeen::event);
+    ASSERT_NE(found, seen.end()) << event;
+    EXPECT_EQ(found->x, 300) << event;
+    EXPECT_EQ(found->y, 150) << event;
+  }
+}
+
+TEST_F(TlTextPointer, ChangesOfTheHoverAreToldBeforeTheyAreSeen) {
+  button.MouseMoveEnabled = [&](bool mme) { told.emplace_back(mme, button.paints); };
+  test::PointAt(Center());
+  EXPECT_EQ(told, (std::vector<std::pair<bool, int>>{{true, 0}}));
+  EXPECT_EQ(button.TakePaints(), 1);
+  told.clear();
+  test::PointAt(Outside());
+  EXPECT_EQ(told, (std::vector<std::pair<bool, int>>{{false, 0}}));
+  EXPECT_EQ(button.TakePaints(), 1);
 }
 
 TEST_F(TlTextPointer, PressTakesTheKeyboardFocus) {

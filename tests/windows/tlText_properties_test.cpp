@@ -426,6 +426,10 @@ TEST_F(TlTextProperties, WindowIsMadeWithThePropertiesReadBefore) {
   EXPECT_FALSE(IsWindowEnabled(early.Handle()));
   EXPECT_EQ(early.FocusDraw(), 1);
   EXPECT_EQ(early.AccessKeys(), L"K");
+  tlText neitherZeroNorTrue;
+  neitherZeroNorTrue.ReadProperties(MemoryPropertyBag{{L"E", Boolean::FromStored(1)}});
+  neitherZeroNorTrue.Create(form, 5, {150, 1950, 1215, 345}, L"tlHOne");
+  EXPECT_TRUE(IsWindowEnabled(neitherZeroNorTrue.Handle()));
 }
 
 TEST_F(TlTextProperties, RunningFormIsTheHostByDefault) {
