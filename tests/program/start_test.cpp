@@ -1,5 +1,7 @@
 // The program from its start to its end, in a process of its own.
 
+#include <future>
+
 #include "tests/program/program_test.h"
 
 namespace kvez::test {
@@ -73,6 +75,30 @@ TEST_F(Start, YesAtTheExitQuestionEndsTheProcess) {
   EXPECT_EQ(program.WaitForEnd(), DWORD{0});
   Program next(Exe());
   EXPECT_TRUE(next.WaitReady());
+}
+
+// A sent message does not wake the loop that waits for the window's end.
+TEST_F(Start, AMessageThatIsSentEndsTheProcessToo) {
+  Program program(Exe());
+  ASSERT_TRUE(program.WaitReady());
+  auto closing =
+      std::async(std::launch::async, [window = program.MainWindow()] { SendMessageW(window, WM_CLOSE, 0, 0); });
+  EXPECT_TRUE(program.Answer(program.WaitDialog(), IDYES));
+  EXPECT_EQ(program.WaitForEnd(), DWORD{0});
+}
+
+TEST_F(Start, AnEndOfTheSessionThatIsAgreedToEndsTheProcess) {
+  Program program(Exe());
+  ASSERT_TRUE(program.WaitReady());
+  const HWND window = program.MainWindow();
+  auto answer = std::async(std::launch::async, [window] { return SendMessageW(window, WM_QUERYENDSESSION, 0, 0); });
+  const Dialog question = program.WaitDialog();
+  EXPECT_EQ(question.text, L"Přejete si program ukončit ?");
+  EXPECT_TRUE(program.Answer(question, IDYES));
+  EXPECT_EQ(answer.get(), TRUE);
+  EXPECT_FALSE(program.HasEnded());
+  SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(program.WaitForEnd(), DWORD{0});
 }
 
 TEST_F(Start, LoadsFromAFolderBeyondTheOldPathLimit) {
