@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -21,6 +22,9 @@ namespace kvez {
 /// How a postal code is shown: 110 00, with its leading zeros.
 inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
 
+/// What a search that ran out of memory says it has searched for.
+inline constexpr std::wstring_view kOutOfMemory = L"Nedostatek paměti.";
+
 /// The one database object: municipalities, delivery post offices, districts, the current result and its cursors.
 ///
 /// Lists are 1-based; index 0 means no element, and an index out of range selects no element.
@@ -32,8 +36,8 @@ class clspsc {
   clspsc(const clspsc&) = delete;
   clspsc& operator=(const clspsc&) = delete;
 
-  // Loading and release. A loading appends to its list, so a loaded one is released before it is loaded again. A failed
-  // loading shows its message and leaves the list (pscNacti: every list) empty.
+  // Loading and release. A file is read aside and becomes the list when it was read whole. A loading that fails,
+  // whatever the reason, shows its message and leaves the list (pscNacti: every list) empty. A release never fails.
   void pscNacti(ProgressWindow& window);
   void pscpNacti(ProgressWindow& window);
   void pscoNacti(ProgressWindow& window);
@@ -51,12 +55,17 @@ class clspsc {
   std::int16_t vGetNastaveniRegistr(std::int16_t number) const;
   void vSetNastaveniRegistr(std::int16_t number, std::int16_t value);
 
-  // Searches. Each replaces the result list, fills `list` and returns its one-line description in `description`.
+  // Searches. Each replaces the result list, fills `list` and returns its one-line description in `description`. One
+  // that runs out of memory finds nothing, and its description says so; any other exception goes on to the caller and
+  // leaves the result and the box empty, too.
   void pscNajdiPSC(bool exact, const std::wstring& text, ListBox& list, std::wstring& description);
   void pscVyberPostu(const std::wstring& text, ListBox& list, std::wstring& description);
   void pscoVyberPostu(ListBox& list, std::wstring& description);
+  /// The exact search for the code of the current municipality: for the number itself, because not every number comes
+  /// back out of its formatted text. Without a current municipality nothing is searched for.
+  void pscObceKPSC(ListBox& list, std::wstring& description);
 
-  // Full listings; they leave the result alone.
+  // Full listings; they leave the result alone. An exception leaves the box empty.
   void pscVyberVse(ListBox& list, ProgressWindow& window);
   void pscoVyberVse(ListBox& list, ProgressWindow& window);
 
@@ -65,7 +74,7 @@ class clspsc {
   const std::vector<tclsdodavaci>& PostOffices() const { return m_postOffices; }
   const std::vector<tclsokresy>& Districts() const { return m_districts; }
 
-  // Cursors.
+  // Cursors. One that cannot be moved, because memory ran out, selects nothing.
   void pscDetail(std::int32_t n);
   void pscDetailPlus();
   void pscDetailMinus();
@@ -97,7 +106,8 @@ class clspsc {
  private:
   bool ReadDataFile(const DataFile& file, ProgressWindow& window,
                     const std::function<void(FieldReader&)>& appendRecord);
-  bool Expand(const DataFile& file);
+  std::optional<std::vector<std::uint8_t>> ExpandedBytes(const DataFile& file, const std::wstring& expandedPath);
+  std::int32_t Expand(const DataFile& file, const std::wstring& expandedPath);
   void ShowDamaged(const DataFile& file);
 
   // Without a window no progress is shown.
@@ -106,7 +116,10 @@ class clspsc {
   void ReleaseDistricts(ProgressWindow* window);
   void ReleaseResult();
 
-  void BeginSearch(ListBox& list);
+  template <class Search>
+  void RunSearch(ListBox& list, std::wstring& description, Search search);
+  void EndWithoutResult(ListBox& list);
+  void SearchExactly(std::int32_t code, ListBox& list, std::wstring& description);
   void AddMatch(std::size_t municipality);
   void FillResultList(ListBox& list);
 
@@ -115,6 +128,7 @@ class clspsc {
   std::wstring AskForExportFolder();
   void PrintResult(const std::wstring& heading, ProgressWindow& window);
 
+  void SelectMunicipality(std::size_t index);
   void SelectNoMunicipality();
   const std::wstring& FormattedCode(std::int32_t code) const;
 
@@ -136,6 +150,9 @@ class clspsc {
   std::int32_t m_districtCount = 0;
 
   PostOfficeIndex m_postOfficeIndex;
+
+  // Made ahead: there may be no memory left for it when it is needed.
+  std::wstring m_outOfMemory{kOutOfMemory};
 
   // The current municipality. They keep their values when the lists are released.
   std::int32_t m_currentCode = 0;

@@ -26,8 +26,16 @@ void clspsc::pscDetail(std::int32_t n) {
     SelectNoMunicipality();
     return;
   }
-  const std::size_t index = static_cast<std::size_t>(n) - 1;
+  try {
+    SelectMunicipality(static_cast<std::size_t>(n) - 1);
+  } catch (...) {
+    SelectNoMunicipality();
+    throw;
+  }
   m_position = n;
+}
+
+void clspsc::SelectMunicipality(std::size_t index) {
   m_hasCurrent = true;
   m_currentCode = m_municipalities.Code(index);
   m_municipalities.Name(index, m_currentName);
@@ -52,16 +60,21 @@ void clspsc::pscDetailPlus() { pscDetail(m_position < m_municipalityCount ? m_po
 void clspsc::pscDetailMinus() { pscDetail(m_position > 1 ? m_position - 1 : m_position); }
 
 void clspsc::pscoDetail(std::int32_t n) {
-  const bool exists = Has(m_districts, m_districtCount, n);
-  m_districtCursor = exists ? n : 0;
-  m_currentDistrictCode = exists ? m_districts[static_cast<std::size_t>(n) - 1].tpscoKod() : 0;
-  m_currentDistrict = exists ? m_districts[static_cast<std::size_t>(n) - 1].tpscoOkres() : std::wstring();
+  m_districtCursor = 0;
+  m_currentDistrictCode = 0;
+  m_currentDistrict.clear();
+  if (!Has(m_districts, m_districtCount, n)) return;
+  const tclsokresy& district = m_districts[static_cast<std::size_t>(n) - 1];
+  m_currentDistrict = district.tpscoOkres();
+  m_currentDistrictCode = district.tpscoKod();
+  m_districtCursor = n;
 }
 
 void clspsc::pDetail(std::int32_t n) {
   const bool exists = Has(m_result, m_resultCount, n);
-  m_resultCursor = exists ? n : 0;
+  m_resultCursor = 0;
   pscDetail(exists ? m_result[static_cast<std::size_t>(n) - 1].tpPozice() : 0);
+  if (exists) m_resultCursor = n;
 }
 
 std::int32_t clspsc::pscPozice() const { return m_position; }

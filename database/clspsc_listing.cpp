@@ -9,7 +9,7 @@ namespace {
 
 /// `name(i, text)` makes the text the name of element i, counted from 0.
 template <class Name>
-void FillWithAll(ListBox& list, ProgressWindow& window, std::size_t count, std::size_t characters, Name name) {
+void FillRows(ListBox& list, ProgressWindow& window, std::size_t count, std::size_t characters, Name name) {
   std::wstring text;
   ProgressCadence cadence(count);
   ListFilling filling(list, count, characters);
@@ -19,6 +19,17 @@ void FillWithAll(ListBox& list, ProgressWindow& window, std::size_t count, std::
     if (cadence.Step()) window.Prubech(cadence.Fraction(i));
   }
   filling.SetExtent();
+}
+
+/// The same; a list that cannot be filled whole stays empty.
+template <class Name>
+void FillWithAll(ListBox& list, ProgressWindow& window, std::size_t count, std::size_t characters, Name name) {
+  try {
+    FillRows(list, window, count, characters, name);
+  } catch (...) {
+    list.Clear();
+    throw;
+  }
 }
 
 }  // namespace

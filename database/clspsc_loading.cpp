@@ -2,6 +2,7 @@
 
 #include "database/application.h"
 #include "database/clspsc.h"
+#include "database/name_text.h"
 #include "database/progress_cadence.h"
 #include "database/windows1250.h"
 
@@ -11,15 +12,39 @@ namespace {
 /// Deletes the expanded file when the reading is over, however it ends.
 class ExpandedFileDeletion {
  public:
-  ExpandedFileDeletion(LzLibrary& lz, std::wstring path) : m_lz(lz), m_path(std::move(path)) {}
-  ~ExpandedFileDeletion() { m_lz.OpenFile(m_path, LzMode::Delete); }
+  ExpandedFileDeletion(LzLibrary& lz, const std::wstring& path) : m_lz(lz), m_path(path) {}
+  ~ExpandedFileDeletion() {
+    try {
+      m_lz.OpenFile(m_path, LzMode::Delete);
+    } catch (...) {
+      // It stays there, and the next reading overwrites it.
+    }
+  }
   ExpandedFileDeletion(const ExpandedFileDeletion&) = delete;
   ExpandedFileDeletion& operator=(const ExpandedFileDeletion&) = delete;
 
  private:
   LzLibrary& m_lz;
-  std::wstring m_path;
+  const std::wstring& m_path;
 };
+
+/// A handle of the expansion library. One that stands for an error is handed on like any other.
+class LzHandle {
+ public:
+  LzHandle(LzLibrary& lz, const std::wstring& path, LzMode mode) : m_lz(lz), m_handle(lz.OpenFile(path, mode)) {}
+  ~LzHandle() { m_lz.Close(m_handle); }
+  LzHandle(const LzHandle&) = delete;
+  LzHandle& operator=(const LzHandle&) = delete;
+
+  std::int32_t Get() const { return m_handle; }
+
+ private:
+  LzLibrary& m_lz;
+  std::int32_t m_handle;
+};
+
+// How often a file is expanded again because another program in the same folder did the same to it just then.
+constexpr int kExpansions = 4;
 
 template <class List>
 std::int32_t Count(const List& list) {
@@ -35,12 +60,35 @@ void Release(List& list, std::int32_t& count, std::int32_t& index, ProgressWindo
   for (std::int32_t i = count; i >= 1; --i) {
     index = i;
     list.pop_back();
-    if (window != nullptr && cadence.Step()) window->PrubechPamet(cadence.Fraction(static_cast<std::uint64_t>(i)));
+    if (window == nullptr || !cadence.Step()) continue;
+    try {
+      window->PrubechPamet(cadence.Fraction(static_cast<std::uint64_t>(i)));
+    } catch (...) {
+      // Memory is given back here, and what cannot be shown of that is no reason to stop.
+      window = nullptr;
+    }
   }
   index = 0;
   list = List();
   count = Count(list);
 }
+
+// A list read aside, or nothing: whatever goes wrong, memory that runs out most of all, means that the file cannot be
+// read, and nobody ever sees a part of it.
+template <class List, class Read>
+std::optional<List> WholeOrNothing(Read read) {
+  try {
+    List list;
+    if (read(list)) return list;
+  } catch (...) {
+  }
+  return std::nullopt;
+}
+
+struct OfficesWithIndex {
+  std::vector<tclsdodavaci> list;
+  PostOfficeIndex index;
+};
 
 }  // namespace
 
@@ -48,51 +96,70 @@ clspsc::clspsc(Platform platform, std::wstring programFolder)
     : m_platform(platform), m_programFolder(std::move(programFolder)) {}
 
 void clspsc::pscNacti(ProgressWindow& window) {
-  const bool sound = ReadDataFile(
-      kMunicipalityFile, window, [this](FieldReader& reader) { m_municipalities.push_back(ReadMunicipality(reader)); });
+  auto read = WholeOrNothing<MunicipalityList>([&](MunicipalityList& list) {
+    return ReadDataFile(kMunicipalityFile, window,
+                        [&list](FieldReader& reader) { list.push_back(ReadMunicipality(reader)); });
+  });
+  if (!read) {
+    pscUvolni();
+    pscDetail(0);
+    ShowDamaged(kMunicipalityFile);
+    return;
+  }
+  m_municipalities = std::move(*read);
   m_municipalityCount = Count(m_municipalities);
-  if (!sound) pscUvolni();
   pscDetail(0);
-  if (!sound) ShowDamaged(kMunicipalityFile);
 }
 
 void clspsc::pscpNacti(ProgressWindow& window) {
-  const bool sound = ReadDataFile(kPostOfficeFile, window, [this](FieldReader& reader) {
-    const PostOfficeFields fields = ReadPostOffice(reader);
-    tclsdodavaci record;
-    record.tpPSC(fields.code);
-    record.tpDodavaci(FromWindows1250(fields.name));
-    m_postOffices.push_back(std::move(record));
+  auto read = WholeOrNothing<OfficesWithIndex>([&](OfficesWithIndex& offices) {
+    std::string copy;
+    const bool sound = ReadDataFile(kPostOfficeFile, window, [&](FieldReader& reader) {
+      const PostOfficeFields fields = ReadPostOffice(reader);
+      tclsdodavaci record;
+      record.tpPSC(fields.code);
+      record.tpDodavaci(FromWindows1250(WithoutControls(fields.name, copy)));
+      offices.list.push_back(std::move(record));
+    });
+    if (sound) offices.index.Build(offices.list);
+    return sound;
   });
-  m_postOfficeCount = Count(m_postOffices);
-  if (sound) {
-    m_postOfficeIndex.Build(m_postOffices);
+  if (!read) {
+    ReleasePostOffices(nullptr);
+    ShowDamaged(kPostOfficeFile);
     return;
   }
-  ReleasePostOffices(nullptr);
-  ShowDamaged(kPostOfficeFile);
+  m_postOffices = std::move(read->list);
+  m_postOfficeIndex = std::move(read->index);
+  m_postOfficeCount = Count(m_postOffices);
 }
 
 void clspsc::pscoNacti(ProgressWindow& window) {
-  const bool sound = ReadDataFile(kDistrictFile, window, [this](FieldReader& reader) {
-    const DistrictFields fields = ReadDistrict(reader);
-    tclsokresy record;
-    record.tpscoKod(fields.code);
-    record.tpscoOkres(FromWindows1250(fields.name));
-    m_districts.push_back(std::move(record));
+  using DistrictList = std::vector<tclsokresy>;
+  auto read = WholeOrNothing<DistrictList>([&](DistrictList& districts) {
+    std::string copy;
+    return ReadDataFile(kDistrictFile, window, [&](FieldReader& reader) {
+      const DistrictFields fields = ReadDistrict(reader);
+      tclsokresy record;
+      record.tpscoKod(fields.code);
+      record.tpscoOkres(FromWindows1250(WithoutControls(fields.name, copy)));
+      districts.push_back(std::move(record));
+    });
   });
+  if (!read) {
+    ReleaseDistricts(nullptr);
+    ShowDamaged(kDistrictFile);
+    return;
+  }
+  m_districts = std::move(*read);
   m_districtCount = Count(m_districts);
-  if (sound) return;
-  ReleaseDistricts(nullptr);
-  ShowDamaged(kDistrictFile);
 }
 
 bool clspsc::ReadDataFile(const DataFile& file, ProgressWindow& window,
                           const std::function<void(FieldReader&)>& appendRecord) {
   const std::wstring expandedPath = m_programFolder + std::wstring(file.expanded);
   const ExpandedFileDeletion deletion(m_platform.lz, expandedPath);
-  if (!Expand(file)) return false;
-  const auto bytes = m_platform.files.Read(expandedPath);
+  const auto bytes = ExpandedBytes(file, expandedPath);
   if (!bytes) return false;
 
   FieldReader reader(*bytes);
@@ -105,15 +172,24 @@ bool clspsc::ReadDataFile(const DataFile& file, ProgressWindow& window,
   return true;
 }
 
-bool clspsc::Expand(const DataFile& file) {
+std::optional<std::vector<std::uint8_t>> clspsc::ExpandedBytes(const DataFile& file, const std::wstring& expandedPath) {
+  // Between the expansion and the reading another program in this folder may have begun the file anew or deleted it
+  // after its own reading. Only a file of the length that was written is taken for the expanded one.
+  for (int expansion = 0; expansion < kExpansions; ++expansion) {
+    const std::int32_t written = Expand(file, expandedPath);
+    if (written < 1) return std::nullopt;
+    auto bytes = m_platform.files.Read(expandedPath);
+    if (bytes && bytes->size() == static_cast<std::size_t>(written)) return bytes;
+  }
+  return std::nullopt;
+}
+
+std::int32_t clspsc::Expand(const DataFile& file, const std::wstring& expandedPath) {
   LzLibrary& lz = m_platform.lz;
-  const std::int32_t source = lz.OpenFile(m_programFolder + std::wstring(file.compressed), LzMode::Read);
-  const std::int32_t target = lz.OpenFile(m_programFolder + std::wstring(file.expanded), LzMode::Create);
+  const LzHandle source(lz, m_programFolder + std::wstring(file.compressed), LzMode::Read);
+  const LzHandle target(lz, expandedPath, LzMode::Create);
   // A failed open shows in the copy, which answers a bad handle with an error.
-  const std::int32_t written = lz.Copy(source, target);
-  lz.Close(source);
-  lz.Close(target);
-  return written > 0;
+  return lz.Copy(source.Get(), target.Get());
 }
 
 void clspsc::ShowDamaged(const DataFile& file) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <new>
 
 #include "database/application.h"
 #include "database/clspsc.h"
@@ -33,63 +34,100 @@ bool CodeBeginsWith(std::int32_t code, std::wstring_view beginning) {
 
 }  // namespace
 
-void clspsc::pscNajdiPSC(bool exact, const std::wstring& text, ListBox& list, std::wstring& description) {
-  BeginSearch(list);
-  description = L"Bez zadání.";
-  if (text.empty() || m_municipalityCount == 0) return;
+// Every search begins with nothing found, and what ends it before its list is filled leaves nothing found.
+template <class Search>
+void clspsc::RunSearch(ListBox& list, std::wstring& description, Search search) {
+  try {
+    if (m_outOfMemory.empty()) m_outOfMemory = kOutOfMemory;
+    list.Clear();
+    m_found = false;
+    ReleaseResult();
+    search();
+  } catch (const std::bad_alloc&) {
+    EndWithoutResult(list);
+    SelectNoMunicipality();
+    description.swap(m_outOfMemory);
+    m_outOfMemory.clear();
+  } catch (...) {
+    EndWithoutResult(list);
+    throw;
+  }
+}
 
-  const std::wstring normalised = NormalisedCode(text);
-  if (exact) {
-    const std::int32_t code = ToInt32(normalised);
-    description = L"Hledané obce s PSČ " + Quoted(m_platform.formats.Number(code, kCodePicture)) + L".";
-    for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
-      if (m_municipalities.Code(i) == code) AddMatch(i);
+void clspsc::EndWithoutResult(ListBox& list) {
+  list.Clear();
+  m_result = {};
+  m_resultCount = 0;
+  m_resultCursor = 0;
+  m_found = false;
+}
+
+void clspsc::pscNajdiPSC(bool exact, const std::wstring& text, ListBox& list, std::wstring& description) {
+  RunSearch(list, description, [&] {
+    description = L"Bez zadání.";
+    if (text.empty() || m_municipalityCount == 0) return;
+
+    const std::wstring normalised = NormalisedCode(text);
+    if (exact) {
+      SearchExactly(ToInt32(normalised), list, description);
+      return;
     }
-  } else {
     // The two spaces are meant so, and the text stands as it was typed.
     description = L"Obce s PSČ začínající na  " + Quoted(text) + L".";
     for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
       if (CodeBeginsWith(m_municipalities.Code(i), normalised)) AddMatch(i);
     }
+    FillResultList(list);
+  });
+}
+
+void clspsc::pscObceKPSC(ListBox& list, std::wstring& description) {
+  RunSearch(list, description, [&] {
+    description = L"Bez zadání.";
+    if (m_hasCurrent && m_municipalityCount > 0) SearchExactly(m_currentCode, list, description);
+  });
+}
+
+void clspsc::SearchExactly(std::int32_t code, ListBox& list, std::wstring& description) {
+  description = L"Hledané obce s PSČ " + Quoted(m_platform.formats.Number(code, kCodePicture)) + L".";
+  for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
+    if (m_municipalities.Code(i) == code) AddMatch(i);
   }
   FillResultList(list);
 }
 
 void clspsc::pscVyberPostu(const std::wstring& text, ListBox& list, std::wstring& description) {
-  BeginSearch(list);
-  description = L"Seznam je prázdný.";
-  if (text.empty() || m_municipalityCount == 0) return;
+  RunSearch(list, description, [&] {
+    description = L"Seznam je prázdný.";
+    if (text.empty() || m_municipalityCount == 0) return;
 
-  const auto pattern = ParseNamePattern(text);
-  if (!pattern) {
-    m_platform.messages.Show(L"Zadejte minimálně 1 znak pro vyhledání !", MessageIcon::Exclamation, kApplicationTitle);
-    return;
-  }
-  description = DescribeNamePattern(*pattern);
-  m_result = m_municipalities.Keys().Find(*pattern);
-  FillResultList(list);
+    const auto pattern = ParseNamePattern(text);
+    if (!pattern) {
+      m_platform.messages.Show(L"Zadejte minimálně 1 znak pro vyhledání !", MessageIcon::Exclamation,
+                               kApplicationTitle);
+      return;
+    }
+    description = DescribeNamePattern(*pattern);
+    m_result = m_municipalities.Keys().Find(*pattern);
+    FillResultList(list);
+  });
 }
 
 void clspsc::pscoVyberPostu(ListBox& list, std::wstring& description) {
-  BeginSearch(list);
-  description = L"Bez zadání.";
-  if (m_currentDistrict.empty()) return;
+  RunSearch(list, description, [&] {
+    description = L"Bez zadání.";
+    if (m_currentDistrict.empty()) return;
 
-  description = L"Obce v okrese " + Quoted(m_currentDistrict) + L".";
-  // Each name is compared once; two districts of the list can differ in case only.
-  const std::vector<std::wstring>& names = m_municipalities.Districts();
-  std::vector<bool> matches(names.size());
-  for (std::size_t i = 0; i < names.size(); ++i) matches[i] = EqualIgnoringCase(names[i], m_currentDistrict);
-  for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
-    if (matches[m_municipalities.DistrictIndex(i)]) AddMatch(i);
-  }
-  FillResultList(list);
-}
-
-void clspsc::BeginSearch(ListBox& list) {
-  list.Clear();
-  m_found = false;
-  ReleaseResult();
+    description = L"Obce v okrese " + Quoted(m_currentDistrict) + L".";
+    // Each name is compared once; two districts of the list can differ in case only.
+    const std::vector<std::wstring>& names = m_municipalities.Districts();
+    std::vector<bool> matches(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) matches[i] = EqualIgnoringCase(names[i], m_currentDistrict);
+    for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
+      if (matches[m_municipalities.DistrictIndex(i)]) AddMatch(i);
+    }
+    FillResultList(list);
+  });
 }
 
 void clspsc::AddMatch(std::size_t municipality) {

@@ -1,11 +1,25 @@
 #include "database/municipality_list.h"
 
+#include "database/name_text.h"
+
 namespace kvez {
 
 void MunicipalityList::push_back(const MunicipalityFields& fields) {
-  m_names.append(fields.name);
-  m_keys.Append(fields.name);
-  m_entries.push_back({fields.code, static_cast<std::uint32_t>(m_names.size()), IndexOfDistrict(fields.district)});
+  const std::size_t names = m_names.size();
+  const std::size_t keys = m_keys.size();
+  try {
+    std::string copy;
+    const std::string_view name = WithoutControls(fields.name, copy);
+    m_names.append(name);
+    m_keys.Append(name);
+    const std::uint32_t district = IndexOfDistrict(WithoutControls(fields.district, copy));
+    // The entry comes last: only what it names counts as there.
+    m_entries.push_back({fields.code, static_cast<std::uint32_t>(m_names.size()), district});
+  } catch (...) {
+    m_names.resize(names);
+    if (m_keys.size() > keys) m_keys.RemoveLast();
+    throw;
+  }
 }
 
 void MunicipalityList::pop_back() {
@@ -33,8 +47,14 @@ std::uint32_t MunicipalityList::IndexOfDistrict(std::string_view name) {
   const auto known = m_districtIndexes.find(name);
   if (known != m_districtIndexes.end()) return known->second;
   const auto index = static_cast<std::uint32_t>(m_districts.size());
-  m_districtIndexes.emplace(name, index);
+  // An index is given to a name that is there already, never the other way round.
   m_districts.push_back(FromWindows1250(name));
+  try {
+    m_districtIndexes.emplace(name, index);
+  } catch (...) {
+    m_districts.pop_back();
+    throw;
+  }
   return index;
 }
 

@@ -19,6 +19,7 @@ namespace kvez {
 /// Indexes are those of a vector, from 0; an index must be below size().
 class MunicipalityList {
  public:
+  /// Control characters in the names become blanks. An exception leaves the list as it was.
   void push_back(const MunicipalityFields& fields);
   void pop_back();
 

@@ -93,11 +93,16 @@ void NameKeys::Append(std::string_view name) {
   const auto& fold = FoldTable1250();
   const std::string_view normalised = NormalisedName(name);
   const std::size_t begin = m_text.size();
-  m_text.append(normalised);
+  m_ends.push_back(static_cast<std::uint32_t>(begin + normalised.size()));
+  try {
+    m_text.append(normalised);
+  } catch (...) {
+    m_ends.pop_back();
+    throw;
+  }
   std::transform(m_text.begin() + static_cast<std::ptrdiff_t>(begin), m_text.end(),
                  m_text.begin() + static_cast<std::ptrdiff_t>(begin),
                  [&fold](char byte) { return static_cast<char>(fold[static_cast<std::uint8_t>(byte)]); });
-  m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
 }
 
 void NameKeys::RemoveLast() {

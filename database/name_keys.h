@@ -14,9 +14,10 @@ namespace kvez {
 /// a character, all in one piece of memory that a search reads from end to end.
 class NameKeys {
  public:
-  /// Takes a name as it is stored, in Windows-1250.
+  /// Takes a name as it is kept, in Windows-1250. An exception leaves everything as it was.
   void Append(std::string_view name);
   void RemoveLast();
+  std::size_t size() const { return m_ends.size(); }
 
   /// The 1-based positions of the names that match, in list order.
   std::vector<tpclspsc> Find(const NamePattern& pattern) const;

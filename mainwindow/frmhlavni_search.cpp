@@ -166,7 +166,7 @@ void frmhlavni::tlHObcePSC_Click() {
   std::wstring description;
   {
     const HourglassScope hourglass;
-    m_database.pscNajdiPSC(true, m_database.pscPSC(), m_resultList, description);
+    m_database.pscObceKPSC(m_resultList, description);
   }
   ShowSearchResult(description);
   tlHObcePSC.SetVisible(false);

@@ -241,6 +241,110 @@ TEST_F(Loading, CountIsSetWhenTheLoadingIsOver) {
   EXPECT_EQ(database.pscCelkem(), 2);
 }
 
+TEST_F(Loading, ExpandedFileOfLengthZeroIsAFailedExpansion) {
+  DeliverAll();
+  machine.lz.copyResult = 5;  // and nothing is written
+  LoadAll();
+  EXPECT_EQ(database.pscCelkem(), 0);
+  EXPECT_EQ(machine.messages.messages,
+            (std::vector<Message>{kMunicipalitiesDamaged, kPostOfficesDamaged, kDistrictsDamaged}));
+}
+
+TEST_F(Loading, LoadedListIsThereUntilTheNewOneIsWholeAndIsReplacedByIt) {
+  DeliverAll();
+  LoadAll();
+  Bytes three = TwoMunicipalities();
+  fakes::AppendMunicipality(three, 35002, L"Cheb", L"Cheb");
+  Deliver(1, three);
+  std::vector<std::size_t> sizes;
+  window.onProgress = [&] { sizes.push_back(database.Municipalities().size()); };
+  database.pscNacti(window);
+  EXPECT_EQ(sizes, std::vector<std::size_t>{2});
+  EXPECT_EQ(database.pscCelkem(), 3);
+}
+
+TEST_F(Loading, WindowThatCannotShowTheProgressEndsTheLoading) {
+  DeliverAll();
+  window.onProgress = [] { throw std::bad_alloc(); };
+  LoadAll();
+  EXPECT_EQ(database.pscCelkem(), 0);
+  EXPECT_EQ(database.pscoCelkem(), 0);
+  // The post offices are a single record, which shows no progress.
+  EXPECT_EQ(machine.messages.messages, (std::vector<Message>{kMunicipalitiesDamaged, kDistrictsDamaged}));
+  EXPECT_EQ(machine.disk.files.size(), 3U);
+}
+
+// Two programs in one folder.
+
+TEST_F(Loading, ExpandedFileThatAnotherProgramHasBegunAnewIsNotTakenForData) {
+  DeliverAll();
+  int readings = 0;
+  machine.files.onRead = [&](const std::wstring& path) {
+    // Two whole records are there, and the third would come.
+    if (++readings == 1) machine.disk.files[path].resize(machine.disk.files[path].size() - 4);
+  };
+  database.pscoNacti(window);
+  EXPECT_EQ(readings, 2);
+  EXPECT_EQ(database.pscoCelkem(), 3);
+  EXPECT_TRUE(machine.messages.messages.empty());
+}
+
+TEST_F(Loading, ExpandedFileThatAnotherProgramHasDeletedIsExpandedAgain) {
+  DeliverAll();
+  int readings = 0;
+  machine.files.onRead = [&](const std::wstring& path) {
+    if (++readings <= 3) machine.disk.files.erase(path);
+  };
+  database.pscNacti(window);
+  EXPECT_EQ(readings, 4);
+  EXPECT_EQ(database.pscCelkem(), 2);
+  EXPECT_TRUE(machine.messages.messages.empty());
+  EXPECT_EQ(machine.lz.OpenHandles(), 0U);
+}
+
+TEST_F(Loading, ExpandedFileThatIsNeverWholeCountsAsDamagedAfterFourExpansions) {
+  DeliverAll();
+  int readings = 0;
+  machine.files.onRead = [&](const std::wstring& path) {
+    ++readings;
+    machine.disk.files.erase(path);
+  };
+  database.pscNacti(window);
+  EXPECT_EQ(readings, 4);
+  EXPECT_EQ(machine.messages.messages, std::vector<Message>{kMunicipalitiesDamaged});
+}
+
+// Foreign data.
+
+TEST_F(Loading, ControlCharactersInNamesAreBlanks) {
+  const std::wstring strange = std::wstring(L"Nov\0Ves", 7) + L"\tnad\r\nÚpou\x7F\x81";
+  const std::wstring shown = L"Nov Ves nad  Úpou  ";
+  Bytes municipalities;
+  fakes::AppendMunicipality(municipalities, 11000, strange, strange);
+  fakes::AppendMunicipality(municipalities, 11000, L"Ves", shown);
+  Deliver(1, municipalities);
+  Bytes offices;
+  fakes::AppendPostOffice(offices, 11000, strange);
+  Deliver(2, offices);
+  Bytes districts;
+  fakes::AppendDistrict(districts, 1, strange);
+  Deliver(3, districts);
+  LoadAll();
+  database.pscDetail(1);
+  EXPECT_EQ(database.pscObec(), shown);
+  EXPECT_EQ(database.pscOkres(), shown);
+  EXPECT_EQ(database.pscDodavaci(), shown);
+
+  fakes::ListBoxFake list;
+  std::wstring description;
+  database.pscVyberPostu(L"Nov Ves nad*", list, description);
+  EXPECT_EQ(list.Texts(), std::vector<std::wstring>{shown});
+  database.pscoDetail(1);
+  database.pscoVyberPostu(list, description);
+  EXPECT_EQ(description, L"Obce v okrese \"" + shown + L"\".");
+  EXPECT_EQ(list.Texts(), (std::vector<std::wstring>{shown, L"Ves"}));
+}
+
 TEST_F(Loading, DuplicateCodesAndStrangeValuesAreTakenAsTheyStand) {
   Bytes bytes;
   fakes::AppendMunicipality(bytes, -5, L"", L"");

@@ -100,6 +100,23 @@ TEST(Release, AskingInTheMiddleIsHarmless) {
   EXPECT_EQ(loaded.database.pscPozice(), 0);
 }
 
+TEST(Release, WindowThatCannotShowItDoesNotStopIt) {
+  LoadedDatabase loaded({Village(1), Village(2), Village(3), Village(4)}, {{1, L"a"}, {2, L"b"}},
+                        {{1, L"x"}, {2, L"y"}});
+  int shown = 0;
+  loaded.window.onProgress = [&shown] {
+    ++shown;
+    throw std::bad_alloc();
+  };
+  loaded.database.pscUvolniPamet(loaded.window);
+  EXPECT_EQ(shown, 3);  // once for each list
+  EXPECT_EQ(loaded.database.pscCelkem(), 0);
+  EXPECT_EQ(loaded.database.pscoCelkem(), 0);
+  EXPECT_EQ(loaded.database.Municipalities().size(), 0U);
+  EXPECT_EQ(loaded.database.PostOffices().size(), 0U);
+  EXPECT_EQ(loaded.database.pscPozice(), 0);
+}
+
 TEST(Release, CurrentFieldsStayUntilTheNextLoading) {
   LoadedDatabase loaded({Village(11000)}, {{11000, L"Praha 1"}}, {{1, L"Praha"}});
   loaded.database.pscDetail(1);

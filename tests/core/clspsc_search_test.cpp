@@ -116,6 +116,37 @@ TEST(SearchOfNothing, DatabaseWithoutMunicipalitiesFindsNothing) {
   EXPECT_TRUE(machine.messages.messages.empty());
 }
 
+// By the code of the current municipality
+
+TEST_F(Search, SameCodeAsTheCurrentMunicipality) {
+  loaded.database.pscDetail(3);
+  loaded.database.pscObceKPSC(loaded.list, loaded.description);
+  EXPECT_EQ(loaded.list.Texts(), (Texts{L"Praha 1", L"Praha-Libuš"}));
+  EXPECT_EQ(loaded.description, L"Hledané obce s PSČ \"110 00\".");
+  EXPECT_EQ(loaded.database.pVybran(), L"Zadání vyhovují 2 obce.");
+}
+
+TEST_F(Search, SameCodeIsTheNumberAndNotItsFormattedText) {
+  // "1234 56" would be taken for 12356.
+  LoadedDatabase strange({{12356, L"Jinde", L"x"}, {123456, L"Tady", L"x"}, {123456, L"Také tady", L"x"}}, {}, {});
+  strange.database.pscDetail(2);
+  strange.database.pscObceKPSC(strange.list, strange.description);
+  EXPECT_EQ(strange.list.Texts(), (Texts{L"Tady", L"Také tady"}));
+  EXPECT_EQ(strange.description, L"Hledané obce s PSČ \"1234 56\".");
+}
+
+TEST_F(Search, SameCodeWithoutACurrentMunicipalityIsNothing) {
+  ByName(L"Praha");
+  loaded.database.pscDetail(0);
+  loaded.database.pscObceKPSC(loaded.list, loaded.description);
+  EXPECT_EQ(loaded.list.Texts(), Texts{});
+  EXPECT_EQ(loaded.description, L"Bez zadání.");
+  loaded.database.pscDetail(1);
+  loaded.database.pscUvolni();
+  loaded.database.pscObceKPSC(loaded.list, loaded.description);
+  EXPECT_EQ(loaded.description, L"Bez zadání.");
+}
+
 // By name
 
 TEST_F(Search, NameFindsAllPartsAndShowsTheirFullNames) {

@@ -97,6 +97,7 @@ class FilesFake : public Files {
 
   std::optional<Bytes> Read(const std::wstring& path) override {
     m_log.push_back(L"read " + path);
+    if (onRead) onRead(path);
     const auto found = m_disk.files.find(path);
     if (found == m_disk.files.end() || m_disk.refusesReading) return std::nullopt;
     return found->second;
@@ -107,6 +108,8 @@ class FilesFake : public Files {
     if (found == m_disk.written.end()) return std::nullopt;
     return found->second;
   }
+
+  std::function<void(const std::wstring& path)> onRead;  // what another program does just before
 
  private:
   Disk& m_disk;
