@@ -45,6 +45,8 @@ Window* Window::FromHandle(HWND handle) {
 void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
   RegisterOnce(className, parameters.classStyle, parameters.classIcon, &Procedure);
   const RECT& place = parameters.pixels;
+  // The window's first message has brought the handle.
+  // cppcheck-suppress ignoredReturnValue
   CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
                   place.right, place.bottom, parameters.parent,
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(parameters.id)), ThisModule(), this);

@@ -40,6 +40,8 @@ std::wstring TextOfCoreError(std::exception_ptr error) {
 // The services of the machine, the one database object and the one main window, in the order of their needs.
 class Module1 {
  public:
+  // Behind lambdas it no longer sees what is initialized.
+  // cppcheck-suppress uninitMemberVar
   Module1()
       : m_messages([this] { return m_window ? GetLastActivePopup(m_window->Handle()) : nullptr; }),
         m_output(

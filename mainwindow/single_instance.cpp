@@ -9,6 +9,7 @@ bool ClaimSingleInstance() {
   const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\Kvez-jedina-instance");
   const DWORD error = GetLastError();
   // An instance with other rights refuses even the look at its mutex: it is running as well.
+  // cppcheck-suppress resourceLeak
   return mutex != nullptr && error != ERROR_ALREADY_EXISTS;
 }
 

@@ -11,7 +11,7 @@
 namespace kvez {
 
 /// The system's default printer, in Arial: it is on every Windows, and printers measure it alike.
-class WindowsPrinter : public Printer {
+class WindowsPrinter final : public Printer {
  public:
   /// The title is what the document is called in the printer's queue.
   explicit WindowsPrinter(std::wstring documentTitle);
