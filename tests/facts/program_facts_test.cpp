@@ -1,4 +1,5 @@
-// What the finished program's file says about itself, for both processors.
+// What the finished program's file says about itself, for both processors. Read from its bytes, natively: no Windows is
+// needed, and both are looked at in one place.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/windows/pe_file.h"
+#include "tests/facts/pe_file.h"
 
 namespace kvez {
 namespace {
@@ -25,7 +26,7 @@ struct Processor {
   friend void PrintTo(const Processor& processor, std::ostream* out) { *out << processor.name; }
 };
 
-constexpr Processor kX64 = {"x64", KVEZ_PROGRAM_FOLDER "/kvez.exe", true};
+constexpr Processor kX64 = {"x64", KVEZ_SOURCE_DIR "/build/kvez/kvez.exe", true};
 constexpr Processor kX86 = {"x86", KVEZ_SOURCE_DIR "/build/windows-i686/kvez/kvez.exe", false};
 
 class ProgramFacts : public ::testing::TestWithParam<Processor> {
@@ -76,7 +77,7 @@ TEST_P(ProgramFacts, ManifestTellsWhatTheProgramIsMadeFor) {
 
 /// The committed list, "library function first Windows version" a line: "library function" to version.
 std::map<std::string, std::string> KnownImports(const std::string& file) {
-  std::ifstream stream(KVEZ_SOURCE_DIR "/tests/windows/" + file);
+  std::ifstream stream(KVEZ_SOURCE_DIR "/tests/facts/" + file);
   EXPECT_TRUE(stream.good()) << file;
   std::map<std::string, std::string> known;
   for (std::string line; std::getline(stream, line);) {
@@ -99,7 +100,7 @@ TEST_P(ProgramFacts, NeedsOnlyFunctionsThatAreListedAndThatWindows7Has) {
   for (const std::string& import : imports) {
     const auto found = known.find(import);
     if (found == known.end()) {
-      ADD_FAILURE() << import << " is new: add it to tests/windows/" << file << " with its first Windows version";
+      ADD_FAILURE() << import << " is new: add it to tests/facts/" << file << " with its first Windows version";
       continue;
     }
     EXPECT_NE(std::find(kVersions.begin(), kVersions.end(), found->second), kVersions.end())
@@ -107,7 +108,7 @@ TEST_P(ProgramFacts, NeedsOnlyFunctionsThatAreListedAndThatWindows7Has) {
     known.erase(found);
   }
   for (const auto& [import, version] : known) {
-    ADD_FAILURE() << import << " stands in tests/windows/" << file << " and the program needs it no more";
+    ADD_FAILURE() << import << " stands in tests/facts/" << file << " and the program needs it no more";
   }
 }
 

@@ -1,4 +1,4 @@
-#include "tests/windows/pe_file.h"
+#include "tests/facts/pe_file.h"
 
 #include <algorithm>
 #include <cctype>
