@@ -96,7 +96,7 @@ class clspsc {
   /// Writes "vdkvez.txt" into a folder that the user picks. An empty result does nothing at all.
   void pExport(std::wstring peh);
   /// Puts the list text on the clipboard.
-  void pClipboard(std::wstring pch);
+  void pClipboard(const std::wstring& pch);
   /// Writes "meil.txt" into the program's folder and attaches it to a new e-mail, shown there under the heading.
   void pMail(std::wstring pmt);
   /// Prints the result on the default printer; the result cursor stays on the last printed row. A printer that

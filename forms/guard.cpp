@@ -34,7 +34,7 @@ void ShowInBox(const std::wstring& text, const std::wstring& title) {
 
 void SetGuard(GuardSettings settings) { Settings() = std::move(settings); }
 
-std::wstring ErrorText(std::exception_ptr error) {
+std::wstring ErrorText(const std::exception_ptr& error) {
   if (Settings().translate) {
     std::wstring text = Settings().translate(error);
     if (!text.empty()) return text;

@@ -41,7 +41,7 @@ struct GuardSettings {
 void SetGuard(GuardSettings settings);
 
 /// The text that the guard shows for `error`.
-std::wstring ErrorText(std::exception_ptr error);
+std::wstring ErrorText(const std::exception_ptr& error);
 
 /// To be called in a catch block: shows the exception that is being handled. While one error is on show, further ones
 /// (a window painting itself behind the message box) are dropped, or there would be no end of boxes.

@@ -19,7 +19,8 @@ std::int16_t HeldButtons(WPARAM wParam) {
 std::int16_t ToKeyAscii(wchar_t character) {
   char bytes[8]{};
   const int size = WideCharToMultiByte(CP_ACP, 0, &character, 1, bytes, sizeof(bytes), nullptr, nullptr);
-  return size == 1 ? static_cast<unsigned char>(bytes[0]) : '?';
+  if (size != 1) return '?';
+  return static_cast<unsigned char>(bytes[0]);
 }
 
 wchar_t FromKeyAscii(std::int16_t keyAscii) {

@@ -56,7 +56,7 @@ std::wstring clspsc::AskForExportFolder() {
   }
 }
 
-void clspsc::pClipboard(std::wstring pch) { m_platform.output.clipboard.Replace(TextUnderHeading(pch)); }
+void clspsc::pClipboard(const std::wstring& pch) { m_platform.output.clipboard.Replace(TextUnderHeading(pch)); }
 
 void clspsc::pMail(std::wstring pmt) {
   // At the root of a drive the folder ends in a backslash already; the doubled one names the same file.

@@ -21,6 +21,8 @@ void IgnoringErrors(const Action& action) {
 
 }  // namespace
 
+// The heading is a copy: while messages are worked off, what the caller named may change.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void clspsc::pTisk(std::wstring ptt, ProgressWindow& window) {
   Printer& printer = m_platform.output.printer;
   std::optional<PrinterSettings> saved;
