@@ -27,7 +27,7 @@
 namespace kvez {
 namespace {
 
-std::wstring TextOfCoreError(std::exception_ptr error) {
+std::wstring TextOfCoreError(const std::exception_ptr& error) {
   try {
     std::rethrow_exception(error);
   } catch (const ConversionError& conversion) {
