@@ -16,13 +16,13 @@ namespace kvez::test {
 namespace {
 
 // The statement that begins at a line: what was waited for, in the words of the test.
-std::string Statement(const std::source_location& where) {
-  std::ifstream file(where.file_name());
+std::string Statement(const CallPlace& where) {
+  std::ifstream file(where.file);
   std::string text;
   std::string line;
   constexpr unsigned kMostLines = 12;
-  for (unsigned number = 1; std::getline(file, line) && number < where.line() + kMostLines; ++number) {
-    if (number < where.line()) continue;
+  for (unsigned number = 1; std::getline(file, line) && number < where.line + kMostLines; ++number) {
+    if (number < where.line) continue;
     text += "    " + line + "\n";
     if (line.ends_with(";")) break;
   }
@@ -40,23 +40,22 @@ bool HoldsWithin(double seconds, const std::function<bool()>& condition) {
   return true;
 }
 
-bool WaitUntil(const std::function<bool()>& condition, double seconds, std::source_location where) {
+bool WaitUntil(const std::function<bool()>& condition, double seconds, CallPlace where) {
   if (HoldsWithin(seconds, condition)) return true;
   SayWaitedInVain(seconds, where);
   return false;
 }
 
-void SayWaitedInVain(double seconds, const std::source_location& where) {
+void SayWaitedInVain(double seconds, const CallPlace& where) {
   static int count = 0;
   const std::filesystem::path folder = KVEZ_FAILED_FOLDER;
   std::error_code ignored;
   std::filesystem::create_directories(folder, ignored);
-  const std::string name = std::filesystem::path(where.file_name()).stem().string() + "-" +
-                           std::to_string(where.line()) + "-" + std::to_string(++count) + ".bmp";
+  const std::string name = std::filesystem::path(where.file).stem().string() + "-" + std::to_string(where.line) + "-" +
+                           std::to_string(++count) + ".bmp";
   const bool saved = SaveScreen((folder / name).wstring());
-  std::fprintf(stderr, "%s:%u: waited %.1f s in vain; picture: %s\n%s", where.file_name(),
-               static_cast<unsigned>(where.line()), seconds, saved ? ("build/failed/" + name).c_str() : "none",
-               Statement(where).c_str());
+  std::fprintf(stderr, "%s:%u: waited %.1f s in vain; picture: %s\n%s", where.file, where.line, seconds,
+               saved ? ("build/failed/" + name).c_str() : "none", Statement(where).c_str());
   std::fflush(stderr);
 }
 

@@ -51,7 +51,7 @@ bool PumpWithin(double seconds, const std::function<bool()>& condition) {
   }
 }
 
-bool PumpUntil(const std::function<bool()>& condition, double seconds, std::source_location where) {
+bool PumpUntil(const std::function<bool()>& condition, double seconds, CallPlace where) {
   if (PumpWithin(seconds, condition)) return true;
   SayWaitedInVain(seconds, where);
   return false;

@@ -4,18 +4,17 @@
 
 #include <cstdint>
 #include <functional>
-#include <source_location>
 #include <string>
 #include <vector>
 
 #include "forms/form.h"
+#include "tests/support/waiting.h"
 
 namespace kvez::test {
 
 /// Handles this process's messages until `condition` holds and returns true. After `seconds` it returns false and says
 /// what was waited for, like WaitUntil.
-bool PumpUntil(const std::function<bool()>& condition, double seconds = 20.0,
-               std::source_location where = std::source_location::current());
+bool PumpUntil(const std::function<bool()>& condition, double seconds = 20.0, CallPlace where = CallPlace::Current());
 /// The same for a wait that may be in vain: it says nothing.
 bool PumpWithin(double seconds, const std::function<bool()>& condition);
 
