@@ -247,7 +247,7 @@ TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
   listen(window.tlHNastaveni, L's');
   listen(window.tlHKonec, L'k');
   window.tlHObcePSC.SetVisible(true);
-  for (const WORD key : {'B', 'V', 'A', 'N', 'S', 'K'}) PressKey(key, false, false, true);
+  for (const WORD key : std::initializer_list<WORD>{'B', 'V', 'A', 'N', 'S', 'K'}) PressKey(key, false, false, true);
   EXPECT_EQ(pressed, L"bvansk");
   for (const wchar_t letter : std::wstring(L"BVANSK")) AccessKey(letter);
   EXPECT_EQ(pressed, L"bvanskbvansk");
@@ -264,7 +264,7 @@ TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {
   shell(window.tlHWWW, L'i');
   shell(window.tlHPCInfo, L'p');
   pressed.clear();
-  for (const WORD key : {'E', 'I', 'P'}) PressKey(key, false, false, true);
+  for (const WORD key : std::initializer_list<WORD>{'E', 'I', 'P'}) PressKey(key, false, false, true);
   EXPECT_EQ(pressed, L"eip");
   // Now it is the panel's way back: the settings button, which shares the letter, is disabled.
   PressKey('S', false, false, true);
