@@ -160,7 +160,7 @@ TEST_F(Nastaveni, AClickIsStoredAtOnce) {
 TEST_F(Nastaveni, TwoQuickClicksAreTwoClicks) {
   frmnastaveni& opened = Open();
   const HWND box = opened.chkN[2].Handle();
-  for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
+  for (const UINT message : std::initializer_list<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
     SendMessageW(box, message, MK_LBUTTON, MAKELPARAM(5, 5));
   }
   EXPECT_THAT(settings.writes, ElementsAre(L"nastavení2=1", L"nastavení2=0"));

@@ -13,7 +13,7 @@ TEST_F(StatusBarTest, IsAChildAtTheBottomOfItsParent) {
   ASSERT_NE(bar.Handle(), nullptr);
   EXPECT_EQ(GetParent(bar.Handle()), window.Handle());
   EXPECT_EQ(GetWindowLongW(bar.Handle(), GWL_EXSTYLE), 0);
-  EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(bar.Handle(), GWL_STYLE)) & ~WS_VISIBLE, 0x40000003U);
+  EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(bar.Handle(), GWL_STYLE)) & ~DWORD{WS_VISIBLE}, 0x40000003U);
   wchar_t name[64] = {};
   GetClassNameW(bar.Handle(), name, 64);
   EXPECT_STREQ(name, L"msctls_statusbar32");
