@@ -114,14 +114,14 @@ void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names)
     const wchar_t* ours;
     const char* theirs;
   };
-  for (const auto& [ours, theirs] :
-       {Search{L"Lhota", "Lhota"}, Search{L"Praha*", "Praha%"}, Search{L"Lednic*", "Lednic%"}, Search{L"*hov", "%hov"},
-        Search{L"*mlýn*", "%mlýn%"}, Search{L"Nov*Ves", "Nov%Ves"}}) {
+  for (const Search& search : {Search{L"Lhota", "Lhota"}, Search{L"Praha*", "Praha%"}, Search{L"Lednic*", "Lednic%"},
+                               Search{L"*hov", "%hov"}, Search{L"*mlýn*", "%mlýn%"}, Search{L"Nov*Ves", "Nov%Ves"}}) {
     std::size_t found = 0;
     const Pair best = BestOf(
-        50, [&] { database.pscVyberPostu(ours, list, description); }, [&] { found = like.Count(theirs); });
-    const std::string what =
-        "name search " + Utf8(ours) + " (" + std::to_string(list.rows) + " rows, LIKE " + std::to_string(found) + ")";
+        50, [&] { database.pscVyberPostu(search.ours, list, description); },
+        [&] { found = like.Count(search.theirs); });
+    const std::string what = "name search " + Utf8(search.ours) + " (" + std::to_string(list.rows) + " rows, LIKE " +
+                             std::to_string(found) + ")";
     AtLeast(what.c_str(), best.second / best.first, 10, "x");
   }
 }
