@@ -44,7 +44,7 @@ class LzHandle {
 };
 
 // How often a file is expanded again because another program in the same folder did the same to it just then.
-constexpr int kExpansions = 4;
+constexpr int kExpansions = 8;
 
 template <class List>
 std::int32_t Count(const List& list) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/data_file_bytes.h"
@@ -22,36 +21,46 @@ NewFile Compressed(const std::filesystem::path& path, Bytes plain) {
 }
 
 /// Rows that the program would show wrongly or not find, without any of the files being damaged.
-void PrintLooseEnds(const Tables& tables, std::ostream& out) {
+std::string LooseEnds(const Tables& tables) {
   std::unordered_set<std::int32_t> codes;
   for (const PostOfficeRow& row : tables.postOffices) codes.insert(row.code);
   std::unordered_set<std::wstring> districts;
   for (const DistrictRow& row : tables.districts) districts.insert(row.name);
   const auto& rows = tables.municipalities;
-  const auto without = [&](auto missing) { return std::count_if(rows.begin(), rows.end(), missing); };
-  out << "municipalities without a post office: "
-      << without([&](const MunicipalityRow& row) { return !codes.contains(row.code); }) << '\n'
-      << "municipalities in no listed district: "
-      << without([&](const MunicipalityRow& row) { return !districts.contains(row.district); }) << '\n';
+  const auto without = [&](auto missing) { return std::to_string(std::count_if(rows.begin(), rows.end(), missing)); };
+  return "municipalities without a post office: " +
+         without([&](const MunicipalityRow& row) { return !codes.contains(row.code); }) +
+         "\nmunicipalities in no listed district: " +
+         without([&](const MunicipalityRow& row) { return !districts.contains(row.district); }) + "\n";
+}
+
+std::string Report(const Tables& tables, const std::vector<NewFile>& files) {
+  std::string report;
+  const auto add = [&report](std::size_t rows, const char* what, const NewFile& file) {
+    report += Shown(file.path.filename()) + ": " + std::to_string(rows) + " " + what + ", " +
+              std::to_string(file.bytes.size()) + " bytes\n";
+  };
+  add(tables.municipalities.size(), "municipalities", files[0]);
+  add(tables.postOffices.size(), "post offices", files[1]);
+  add(tables.districts.size(), "districts", files[2]);
+  return report + LooseEnds(tables);
 }
 
 }  // namespace
 
 void BuildCommand(const Arguments& arguments, std::ostream& out) {
-  const Tables tables = ReadTables(PathFromText(arguments[0]));
-  const std::filesystem::path folder = PathFromText(arguments[1]);
+  const std::filesystem::path tableFolder = PathArgument(arguments[0]);
+  const std::filesystem::path folder = PathArgument(arguments[1]);
+  FinishReplacement(tableFolder);
+  const Tables tables = ReadTables(tableFolder);
   const std::vector<NewFile> files = {Compressed(folder / "vd1.kl_", MunicipalityBytes(tables.municipalities)),
                                       Compressed(folder / "vd2.kl_", PostOfficeBytes(tables.postOffices)),
                                       Compressed(folder / "vd3.kl_", DistrictBytes(tables.districts))};
+  // Made before anything is written: from then on nothing may fail any more but the output.
+  const std::string report = Report(tables, files);
   MakeFolder(folder);
   ReplaceFiles(files);
-  const auto print = [&](std::size_t rows, const char* what, const NewFile& file) {
-    out << Shown(file.path.filename()) << ": " << rows << ' ' << what << ", " << file.bytes.size() << " bytes\n";
-  };
-  print(tables.municipalities.size(), "municipalities", files[0]);
-  print(tables.postOffices.size(), "post offices", files[1]);
-  print(tables.districts.size(), "districts", files[2]);
-  PrintLooseEnds(tables, out);
+  out << report;
 }
 
 }  // namespace kvez

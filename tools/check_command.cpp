@@ -1,14 +1,18 @@
 // kvezdata check: reads the program's data files and says what is wrong with them.
 
+#include <algorithm>
 #include <array>
+#include <map>
 #include <set>
 #include <span>
+#include <string_view>
 
 #include "database/field_reader.h"
-#include "platform/portable/portable_path.h"
+#include "database/windows1250.h"
 #include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/files.h"
+#include "tools/name_rules.h"
 #include "tools/tool.h"
 
 namespace kvez {
@@ -17,7 +21,7 @@ namespace {
 enum class Field { Code32, Code16, Name, District };
 
 struct Layout {
-  const char* file;
+  std::string_view file;
   const char* records;
   std::span<const Field> fields;
 };
@@ -25,9 +29,12 @@ struct Layout {
 constexpr std::array kMunicipalityFields = {Field::Code32, Field::Name, Field::District};
 constexpr std::array kPostOfficeFields = {Field::Code32, Field::Name};
 constexpr std::array kDistrictFields = {Field::Code16, Field::Name};
+constexpr std::string_view kDistrictFile = "vd3.kl_";
 constexpr std::array<Layout, 3> kLayouts = {{{"vd1.kl_", "municipalities", kMunicipalityFields},
                                              {"vd2.kl_", "post offices", kPostOfficeFields},
-                                             {"vd3.kl_", "districts", kDistrictFields}}};
+                                             {kDistrictFile, "districts", kDistrictFields}}};
+
+constexpr std::int32_t kGreatestCode = 99999;
 
 struct Record {
   std::int32_t code = 0;
@@ -79,14 +86,33 @@ class RecordReader {
           record.district = reader.CountedText();
           break;
       }
-      if (reader.Overrun()) Fail(number, field, begin, reader);
+      if (reader.Overrun()) FailAtEnd(number, field, begin, reader);
+      const std::string fault = ValueFault(record, field);
+      if (!fault.empty()) Fail(number, begin, "the " + std::string(NameOf(field)) + " " + fault);
     }
     return record;
   }
 
-  [[noreturn]] void Fail(std::size_t number, Field field, std::uint64_t begin, const FieldReader& reader) const {
+  static std::string_view NameOf(Field field) {
+    return field == Field::District ? "district name" : field == Field::Name ? "name" : "code";
+  }
+
+  /// What the program would take as it is, but nobody could have meant.
+  static std::string ValueFault(const Record& record, Field field) {
+    if (field == Field::Name) return NameFault(FromWindows1250(record.name));
+    if (field == Field::District) return NameFault(FromWindows1250(record.district));
+    if (record.code >= 0 && record.code <= kGreatestCode) return {};
+    return std::to_string(record.code) + " is not from 0 to " + std::to_string(kGreatestCode);
+  }
+
+  [[noreturn]] void Fail(std::size_t number, std::uint64_t offset, const std::string& what) const {
+    throw ToolError(m_path + ": offset " + std::to_string(offset) + (m_compressed ? " of the expanded data" : "") +
+                    ": record " + std::to_string(number) + ": " + what);
+  }
+
+  [[noreturn]] void FailAtEnd(std::size_t number, Field field, std::uint64_t begin, const FieldReader& reader) const {
     const std::uint64_t left = reader.Length() - begin;
-    const std::string name = field == Field::District ? "district name" : field == Field::Name ? "name" : "code";
+    const std::string name(NameOf(field));
     std::string expected;
     if (field == Field::Code32 || field == Field::Code16) {
       expected = "the " + name + " of " + std::to_string(reader.Position() - begin) + " bytes";
@@ -95,9 +121,7 @@ class RecordReader {
     } else {
       expected = "the " + name + " of 2 + " + std::to_string(reader.Position() - begin - 2) + " bytes";
     }
-    throw ToolError(m_path + ": offset " + std::to_string(begin) + (m_compressed ? " of the expanded data" : "") +
-                    ": record " + std::to_string(number) + ": " + expected + " was expected where " +
-                    std::to_string(left) + " bytes are left");
+    Fail(number, begin, expected + " was expected where " + std::to_string(left) + " bytes are left");
   }
 
   const Layout& m_layout;
@@ -106,14 +130,29 @@ class RecordReader {
   bool m_compressed;
 };
 
-}  // namespace
+using Lists = std::array<std::vector<Record>, kLayouts.size()>;
 
-void CheckCommand(const Arguments& arguments, std::ostream& out) {
-  std::array<std::vector<Record>, kLayouts.size()> lists;
+/// Refuses a district that has two codes: the program would list it twice, each time with the municipalities of both.
+void ExpectOneCodeADistrict(const std::vector<Record>& districts, const std::string& path) {
+  std::map<std::wstring, std::pair<std::int32_t, std::size_t>> known;
+  std::size_t number = 0;
+  for (const Record& district : districts) {
+    ++number;
+    const std::wstring name = FromWindows1250(district.name);
+    const auto& [code, record] = known.try_emplace(ComparedName(name), district.code, number).first->second;
+    if (code == district.code) continue;
+    throw ToolError(path + ": record " + std::to_string(number) + ": the district " + InApostrophes(name) +
+                    " has another code than in record " + std::to_string(record));
+  }
+}
+
+Lists ReadLists(const std::filesystem::path& folder, std::ostream& out) {
+  Lists lists;
   std::string damage;
   for (std::size_t i = 0; i < kLayouts.size(); ++i) {
     try {
-      lists[i] = RecordReader(PathFromText(arguments[0]), kLayouts[i]).Read();
+      lists[i] = RecordReader(folder, kLayouts[i]).Read();
+      if (kLayouts[i].file == kDistrictFile) ExpectOneCodeADistrict(lists[i], Shown(folder / kDistrictFile));
       out << kLayouts[i].records << ": " << lists[i].size() << '\n';
     } catch (const ToolError& error) {
       damage.append(damage.empty() ? "" : "\n").append(error.what());
@@ -121,19 +160,51 @@ void CheckCommand(const Arguments& arguments, std::ostream& out) {
   }
   // All three were looked at: whoever mends them wants to know of every one.
   if (!damage.empty()) throw ToolError(damage);
+  return lists;
+}
 
-  std::set<std::int32_t> codes;
-  for (const Record& office : lists[1]) codes.insert(office.code);
-  std::set<std::string> districts;
-  for (const Record& district : lists[2]) districts.insert(district.name);
-  std::size_t withoutOffice = 0;
-  std::size_t withoutDistrict = 0;
-  for (const Record& municipality : lists[0]) {
-    withoutOffice += codes.contains(municipality.code) ? 0U : 1U;
-    withoutDistrict += districts.contains(municipality.district) ? 0U : 1U;
+/// How many of `records` have a key that none of `others` has.
+template <class Key, class OtherKey>
+std::size_t CountWithout(const std::vector<Record>& records, Key key, const std::vector<Record>& others,
+                         OtherKey otherKey) {
+  std::set<std::decay_t<decltype(key(records.front()))>> known;
+  for (const Record& other : others) known.insert(otherKey(other));
+  return static_cast<std::size_t>(std::count_if(records.begin(), records.end(),
+                                                [&](const Record& record) { return !known.contains(key(record)); }));
+}
+
+/// What does not hang together: a municipality that is shown without its post office or found in no district, and what
+/// no municipality leads to, which files of different times have.
+std::size_t PrintLooseEnds(const Lists& lists, std::ostream& out) {
+  const auto code = [](const Record& record) { return record.code; };
+  const auto name = [](const Record& record) { return record.name; };
+  const auto district = [](const Record& record) { return record.district; };
+  const auto& [municipalities, offices, districts] = lists;
+  std::size_t all = 0;
+  const auto print = [&](const char* what, std::size_t count) {
+    out << what << ": " << count << '\n';
+    all += count;
+  };
+  print("municipalities without a post office", CountWithout(municipalities, code, offices, code));
+  print("municipalities in no listed district", CountWithout(municipalities, district, districts, name));
+  print("post offices without a municipality", CountWithout(offices, code, municipalities, code));
+  print("districts without a municipality", CountWithout(districts, name, municipalities, district));
+  return all;
+}
+
+}  // namespace
+
+void CheckCommand(const Arguments& arguments, std::ostream& out) {
+  const bool isStrict = arguments.size() == 2;
+  if (isStrict && arguments[1] != L"--strict") {
+    throw ToolError(InApostrophes(arguments[1]) + " is not understood; check takes --strict");
   }
-  out << "municipalities without a post office: " << withoutOffice << '\n'
-      << "municipalities in no listed district: " << withoutDistrict << '\n';
+  const std::filesystem::path folder = PathArgument(arguments[0]);
+  ExpectNoReplacement(folder);
+  const Lists lists = ReadLists(folder, out);
+  if (PrintLooseEnds(lists, out) > 0 && isStrict) {
+    throw ToolError("the files in " + Shown(folder) + " do not belong together");
+  }
 }
 
 }  // namespace kvez

@@ -10,7 +10,7 @@ namespace kvez {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// How a path stands in messages.
+/// How a path stands in messages; an empty one between apostrophes.
 std::string Shown(const std::filesystem::path& path);
 
 /// The whole file. Throws ToolError when it cannot be read.
@@ -23,10 +23,18 @@ struct NewFile {
   std::function<void(const Bytes&)> check;
 };
 
-/// Writes all files under temporary names (with ".new" behind), reads them back, and only then gives them their own
-/// names, in order. Throws ToolError; then the temporary files are gone, and as long as one could not be written or
-/// read back, no old file was replaced.
+/// Replaces the files of one folder: afterwards it holds all of the new ones or all of the old ones, and nothing else
+/// that was not there before. The new files are written under names of their own, flushed to the disk and read back
+/// before the first of them gets its name. When the process is killed on the way, the next replacement in the folder
+/// finishes or undoes this one first. Throws ToolError; then the old files are there.
 void ReplaceFiles(const std::vector<NewFile>& files);
+
+/// Finishes or undoes what a killed replacement has left in a folder. Throws ToolError when that cannot be done, or
+/// when another process is at it.
+void FinishReplacement(const std::filesystem::path& folder);
+
+/// Throws ToolError when the files of a folder are partly new and partly old ones just now.
+void ExpectNoReplacement(const std::filesystem::path& folder);
 
 /// Makes the folder and those above it. Throws ToolError.
 void MakeFolder(const std::filesystem::path& path);

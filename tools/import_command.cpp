@@ -2,10 +2,11 @@
 
 #include <map>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <tuple>
 
-#include "platform/portable/portable_path.h"
+#include "platform/collation.h"
 #include "tools/commands.h"
 #include "tools/official_list.h"
 #include "tools/tables.h"
@@ -81,29 +82,48 @@ class Importer {
   ImportFigures m_figures;
 };
 
+void SortAsCzech(Tables& tables) {
+  try {
+    Sort(tables, *CreateCzechCollation());
+  } catch (const std::runtime_error&) {
+    throw ToolError("this machine cannot sort as Czech sorts");
+  }
+}
+
+/// What the import did, line by line.
+std::string Report(const ImportFigures& figures, const Tables& tables) {
+  std::string report;
+  const auto add = [&report](const char* what, std::size_t figure, const char* unit = "") {
+    report.append(what).append(": ").append(std::to_string(figure)).append(unit).append("\n");
+  };
+  add("rows of the list", figures.rows);
+  add("alias marks \" x)\" removed", figures.aliasMarks);
+  add("municipalities", figures.municipalities);
+  add("municipalities without a row of their own name", figures.listedByParts);
+  add("rows municipality-part added for them", figures.added);
+  add("exact duplicates removed", figures.duplicates);
+  add("obce.csv", tables.municipalities.size(), " rows");
+  add("posty.csv", tables.postOffices.size(), " rows");
+  add("okresy.csv", tables.districts.size(), " rows");
+  return report;
+}
+
 }  // namespace
 
 void ImportCommand(const Arguments& arguments, std::ostream& out) {
-  const std::filesystem::path listPath = PathFromText(arguments[0]);
-  const std::filesystem::path folder = PathFromText(arguments[1]);
+  const std::filesystem::path listPath = PathArgument(arguments[0]);
+  const std::filesystem::path folder = PathArgument(arguments[1]);
   const std::vector<OfficialRow> list = ReadOfficialList(ReadWholeFile(listPath), Shown(listPath));
   Importer importer(list);
   importer.Run();
   Tables& tables = importer.Result();
-  Sort(tables, *CreateCzechCollation());
+  SortAsCzech(tables);
+  // Made before anything is written: from then on nothing may fail any more but the output.
+  const std::string report = Report(importer.Figures(), tables);
+  const std::vector<NewFile> files = TableFiles(tables, folder);
   MakeFolder(folder);
-  ReplaceFiles(TableFiles(tables, folder));
-
-  const ImportFigures& figures = importer.Figures();
-  out << "rows of the list: " << figures.rows << '\n'
-      << "alias marks \" x)\" removed: " << figures.aliasMarks << '\n'
-      << "municipalities: " << figures.municipalities << '\n'
-      << "municipalities without a row of their own name: " << figures.listedByParts << '\n'
-      << "rows municipality-part added for them: " << figures.added << '\n'
-      << "exact duplicates removed: " << figures.duplicates << '\n'
-      << "obce.csv: " << tables.municipalities.size() << " rows\n"
-      << "posty.csv: " << tables.postOffices.size() << " rows\n"
-      << "okresy.csv: " << tables.districts.size() << " rows\n";
+  ReplaceFiles(files);
+  out << report;
 }
 
 }  // namespace kvez

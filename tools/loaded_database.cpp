@@ -2,9 +2,19 @@
 
 #include "platform/portable/portable_path.h"
 #include "platform/portable/utf8.h"
+#include "tools/files.h"
 #include "tools/tool.h"
 
 namespace kvez {
+namespace {
+
+std::filesystem::path Absolute(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::path absolute = std::filesystem::absolute(folder, error);
+  return error ? folder : absolute;
+}
+
+}  // namespace
 
 void CollectedMessages::Show(std::wstring_view text, MessageIcon, std::wstring_view) {
   if (!m_texts.empty()) m_texts.push_back(L'\n');
@@ -22,8 +32,9 @@ void CollectedMessages::ThrowIfAny() const {
 }
 
 LoadedDatabase::LoadedDatabase(const std::filesystem::path& folder)
-    : m_database(Platform{m_messages, m_settings, m_lz, m_files, m_formats, m_output.Services()},
-                 TextFromPath(std::filesystem::absolute(folder))) {
+    : m_database(Platform{m_messages, m_settings, m_lz, m_lz, m_formats, m_output.Services()},
+                 TextFromPath(Absolute(folder))) {
+  ExpectNoReplacement(folder);
   m_database.pscNacti(m_progress);
   m_database.pscpNacti(m_progress);
   m_database.pscoNacti(m_progress);

@@ -7,9 +7,8 @@
 #include "database/clspsc.h"
 #include "database/progress_window.h"
 #include "platform/message_dialog.h"
-#include "platform/portable/portable_files.h"
+#include "platform/portable/memory_lz_library.h"
 #include "platform/portable/portable_formats.h"
-#include "platform/portable/portable_lz_library.h"
 #include "platform/portable/portable_output.h"
 #include "platform/portable/portable_settings_store.h"
 
@@ -31,7 +30,8 @@ class CollectedMessages : public MessageDialog {
 /// The program's own database object with the lists of a folder, without a machine around it.
 class LoadedDatabase {
  public:
-  /// Loads the three lists as the program does. Throws ToolError with the program's messages.
+  /// Loads the three lists as the program does, but writes nothing into the folder. Throws ToolError with the program's
+  /// messages, or when the files of the folder are just being replaced.
   explicit LoadedDatabase(const std::filesystem::path& folder);
 
   clspsc& Database() { return m_database; }
@@ -46,8 +46,7 @@ class LoadedDatabase {
 
   CollectedMessages m_messages;
   PortableSettingsStore m_settings;
-  PortableLzLibrary m_lz;
-  PortableFiles m_files;
+  MemoryLzLibrary m_lz;
   PortableFormats m_formats;
   PortableOutput m_output;
   NoProgress m_progress;

@@ -6,6 +6,7 @@
 #include "database/windows1250.h"
 #include "platform/portable/utf8.h"
 #include "tools/lines.h"
+#include "tools/name_rules.h"
 #include "tools/tables.h"
 #include "tools/tool.h"
 
@@ -16,11 +17,6 @@ constexpr std::string_view kHeading = "NAZCOBCE;PSC;NAZPOST;KODOKRESU;NAZOKRESU;
 constexpr std::size_t kColumns = 6;
 constexpr std::wstring_view kAliasMark = L" x)";
 constexpr std::wstring_view kCzechLetters = L"áčďéěíňóřšťúůýžÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ";
-
-std::string HexByte(std::uint8_t byte) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  return {'0', 'x', digits[byte >> 4], digits[byte & 0x0FU]};
-}
 
 class ListReader {
  public:
@@ -68,7 +64,8 @@ class ListReader {
   }
 
   std::wstring Name(const std::wstring& field, const char* column) const {
-    if (field.empty()) Fail(std::string(column) + " is empty");
+    const std::string fault = NameFault(field);
+    if (!fault.empty()) Fail(std::string(column) + " " + fault);
     if (field.front() == L' ' || field.back() == L' ') Fail(std::string(column) + " has a blank at its end");
     return field;
   }

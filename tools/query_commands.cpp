@@ -1,7 +1,9 @@
 // kvezdata list and search: what the program itself would load and find.
 
+#include <new>
+
+#include "database/conversion_error.h"
 #include "database/fold.h"
-#include "platform/portable/portable_path.h"
 #include "platform/portable/utf8.h"
 #include "tools/commands.h"
 #include "tools/loaded_database.h"
@@ -59,13 +61,19 @@ std::wstring Search(clspsc& database, const Arguments& arguments) {
   NoListBox list;
   std::wstring description;
   if (kind == L"psc") {
-    database.pscNajdiPSC(exact, text, list, description);
+    try {
+      database.pscNajdiPSC(exact, text, list, description);
+    } catch (const ConversionError&) {
+      // The program's own text quotes what it has made of the code.
+      throw ToolError(InApostrophes(text) + " is no postal code");
+    }
   } else if (kind == L"name") {
     database.pscVyberPostu(text, list, description);
   } else {
     database.pscoDetail(text.empty() ? 0 : DistrictIndex(database, text));
     database.pscoVyberPostu(list, description);
   }
+  if (description == kOutOfMemory) throw std::bad_alloc();
   return description;
 }
 
@@ -79,7 +87,7 @@ void ListCommand(const Arguments& arguments, std::ostream& out) {
   if (print == nullptr) {
     throw ToolError("there is no list " + InApostrophes(arguments[1]) + ", only municipalities, offices and districts");
   }
-  LoadedDatabase loaded(PathFromText(arguments[0]));
+  LoadedDatabase loaded(PathArgument(arguments[0]));
   print(loaded.Database(), out);
 }
 
@@ -91,7 +99,7 @@ void SearchCommand(const Arguments& arguments, std::ostream& out) {
   if (arguments.size() == 4 && (kind != L"psc" || arguments[3] != L"--exact")) {
     throw ToolError(InApostrophes(arguments[3]) + " is not understood; only search DIR psc TEXT takes --exact");
   }
-  LoadedDatabase loaded(PathFromText(arguments[0]));
+  LoadedDatabase loaded(PathArgument(arguments[0]));
   clspsc& database = loaded.Database();
   const std::wstring description = Search(database, arguments);
   loaded.Messages().ThrowIfAny();

@@ -7,6 +7,7 @@
 #include "database/windows1250.h"
 #include "platform/portable/utf8.h"
 #include "tools/lines.h"
+#include "tools/name_rules.h"
 #include "tools/tables.h"
 #include "tools/tool.h"
 
@@ -57,17 +58,17 @@ class TableReader {
 
   std::int16_t DistrictCode(std::size_t column) const {
     const auto code = ParseDistrictCode(m_fields[column]);
-    if (!code) Fail(InApostrophes(m_fields[column]) + " is no district code from -32768 to 32767");
+    if (!code || *code < 0) Fail(InApostrophes(m_fields[column]) + " is no district code from 0 to 32767");
     return *code;
   }
 
   std::wstring Name(std::size_t column) const {
     const std::wstring& name = m_fields[column];
-    if (name.empty()) Fail("a name is empty");
+    const std::string fault = NameFault(name);
+    if (!fault.empty()) Fail("a name " + fault);
     if (name.size() > std::numeric_limits<std::uint16_t>::max()) Fail("a name is longer than 65535 letters");
     for (const wchar_t character : name) {
-      const bool control = character < L' ' || (character >= 0x7F && character < 0xA0);
-      if (control || !ToWindows1250(character)) {
+      if (!ToWindows1250(character)) {
         Fail(InApostrophes(std::wstring_view(&character, 1)) + " is no letter of Windows-1250");
       }
     }
@@ -83,17 +84,21 @@ class TableReader {
   std::size_t m_line = 1;
 };
 
-/// Refuses a second row for the same code.
-template <class Code>
+/// Refuses a second row for the same code or name.
+template <class Key>
 class OnlyOnce {
  public:
-  void Add(const TableReader& reader, Code code) {
-    const auto [earlier, added] = m_lines.emplace(code, reader.Line());
-    if (!added) reader.Fail("the code has a row already, in line " + std::to_string(earlier->second));
+  explicit OnlyOnce(const char* what) : m_what(what) {}
+
+  void Add(const TableReader& reader, const Key& key) {
+    const auto [earlier, added] = m_lines.emplace(key, reader.Line());
+    if (added) return;
+    reader.Fail(std::string("the ") + m_what + " has a row already, in line " + std::to_string(earlier->second));
   }
 
  private:
-  std::map<Code, std::size_t> m_lines;
+  const char* m_what;
+  std::map<Key, std::size_t> m_lines;
 };
 
 }  // namespace
@@ -108,7 +113,7 @@ std::vector<MunicipalityRow> ParseMunicipalities(std::span<const std::uint8_t> t
 std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table, const std::string& name) {
   std::vector<PostOfficeRow> rows;
   TableReader reader(table, name, "psc;posta");
-  OnlyOnce<std::int32_t> once;
+  OnlyOnce<std::int32_t> once("code");
   while (reader.Next()) {
     rows.push_back({reader.PostalCode(0), reader.Name(1)});
     once.Add(reader, rows.back().code);
@@ -119,10 +124,12 @@ std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table,
 std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, const std::string& name) {
   std::vector<DistrictRow> rows;
   TableReader reader(table, name, "kod;okres");
-  OnlyOnce<std::int16_t> once;
+  OnlyOnce<std::int16_t> codes("code");
+  OnlyOnce<std::wstring> names("name");
   while (reader.Next()) {
     rows.push_back({reader.DistrictCode(0), reader.Name(1)});
-    once.Add(reader, rows.back().code);
+    codes.Add(reader, rows.back().code);
+    names.Add(reader, ComparedName(rows.back().name));
   }
   return rows;
 }

@@ -47,8 +47,9 @@ void Sort(Tables& tables, Collation& collation);
 std::vector<NewFile> TableFiles(const Tables& tables, const std::filesystem::path& folder);
 
 /// The rows of one table, their order kept. Throws ToolError with `name` and the line for anything that the data files
-/// cannot hold or that contradicts another row: wrong columns, codes, letters outside Windows-1250, names that are
-/// empty or too long, a code with two post offices or two district names.
+/// cannot hold or that contradicts another row: wrong columns, codes, letters outside Windows-1250, names that
+/// nobody could find or read or that are too long, a code with two post offices or two district names, a district name
+/// with two codes.
 std::vector<MunicipalityRow> ParseMunicipalities(std::span<const std::uint8_t> table, const std::string& name);
 std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table, const std::string& name);
 std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, const std::string& name);

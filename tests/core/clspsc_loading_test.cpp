@@ -302,7 +302,7 @@ TEST_F(Loading, ExpandedFileThatAnotherProgramHasDeletedIsExpandedAgain) {
   EXPECT_EQ(machine.lz.OpenHandles(), 0U);
 }
 
-TEST_F(Loading, ExpandedFileThatIsNeverWholeCountsAsDamagedAfterFourExpansions) {
+TEST_F(Loading, ExpandedFileThatIsNeverWholeCountsAsDamagedAfterEightExpansions) {
   DeliverAll();
   int readings = 0;
   machine.files.onRead = [&](const std::wstring& path) {
@@ -310,7 +310,7 @@ TEST_F(Loading, ExpandedFileThatIsNeverWholeCountsAsDamagedAfterFourExpansions) 
     machine.disk.files.erase(path);
   };
   database.pscNacti(window);
-  EXPECT_EQ(readings, 4);
+  EXPECT_EQ(readings, 8);
   EXPECT_EQ(machine.messages.messages, std::vector<Message>{kMunicipalitiesDamaged});
 }
 

@@ -176,10 +176,12 @@ class FormatsFake : public PortableFormats {
  public:
   std::wstring Number(std::int32_t value, std::wstring_view picture) override {
     ++numbers;
+    if (onNumber) onNumber();
     return PortableFormats::Number(value, picture);
   }
 
   std::size_t numbers = 0;
+  std::function<void()> onNumber;
 };
 
 /// A list box in whose font every character is 10 pixels wide.

@@ -203,6 +203,8 @@ TEST_F(ImportTest, EmptyNamesAndBlanksAtTheirEndsAreRefused) {
   ExpectRefused(L"Cheb;35002;;3402;Cheb;Cheb\r\n", "line 2: NAZPOST is empty");
   ExpectRefused(L"Cheb;35002;Cheb 2;3402;;Cheb\r\n", "line 2: NAZOKRESU is empty");
   ExpectRefused(L"Cheb;35002;Cheb 2;3402;Cheb;\r\n", "line 2: NAZOBCE is empty");
+  ExpectRefused(L"Cheb;35002;Cheb 2;3402;Cheb;  \r\n", "line 2: NAZOBCE is blank");
+  ExpectRefused(L"Ch?b;35002;Cheb 2;3402;Cheb;Cheb\r\n", "line 2: NAZCOBCE has the wildcard '?'");
   ExpectRefused(L" Cheb;35002;Cheb 2;3402;Cheb;Cheb\r\n", "line 2: NAZCOBCE has a blank at its end");
   ExpectRefused(L"Cheb;35002;Cheb 2 ;3402;Cheb;Cheb\r\n", "line 2: NAZPOST has a blank at its end");
 }

@@ -23,9 +23,14 @@ TEST_F(QueryTest, ListsGiveTheRowsOfTheTables) {
   ExpectSuccess(List(L"districts"), "3702;Brno-město\n3100;Hlavní město Praha\n3402;Cheb\n");
 }
 
-TEST_F(QueryTest, LoadingLeavesNothingBehind) {
+TEST_F(QueryTest, NothingIsWrittenIntoTheFolder) {
+  // Not even over what stands where the program expands its files.
+  folder.Write("out/vd1.bin", std::string("somebody's"));
   EXPECT_EQ(List(L"offices").status, 0);
-  EXPECT_EQ(NamesIn("out"), "vd1.kl_ vd2.kl_ vd3.kl_");
+  EXPECT_EQ(Search({L"name", L"Cheb"}).status, 0);
+  EXPECT_EQ(RunCommand({L"check", Path(L"out")}).status, 0);
+  EXPECT_EQ(NamesIn("out"), "vd1.bin vd1.kl_ vd2.kl_ vd3.kl_");
+  EXPECT_EQ(folder.Read("out/vd1.bin"), "somebody's");
 }
 
 TEST_F(QueryTest, ListKeepsSignsAndLeadingZeros) {
@@ -88,8 +93,11 @@ TEST_F(QueryTest, RefusedPatternShowsTheProgramsMessage) {
   ExpectFailure(Search({L"name", L"**"}), "Zadejte minimálně 1 znak pro vyhledání !");
 }
 
-TEST_F(QueryTest, TextThatIsNoNumberShowsTheProgramsMessage) {
-  ExpectFailure(Search({L"psc", L"abcde", L"--exact"}), "Text \"abcde\" není celé číslo.");
+TEST_F(QueryTest, TextThatIsNoPostalCodeIsQuoted) {
+  // Quoted as it was typed, not as the search takes it apart: "abcgh", "xx".
+  ExpectFailure(Search({L"psc", L"abcdefgh", L"--exact"}), "'abcdefgh' is no postal code");
+  ExpectFailure(Search({L"psc", L"x", L"--exact"}), "'x' is no postal code");
+  ExpectFailure(Search({L"psc", L" ", L"--exact"}), "' ' is no postal code");
 }
 
 TEST_F(QueryTest, UnknownSearchIsRefused) {

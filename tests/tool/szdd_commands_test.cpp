@@ -59,7 +59,7 @@ TEST_F(SzddCommandsTest, MissingFileIsAnError) {
 TEST_F(SzddCommandsTest, TargetThatCannotBeWrittenIsAnError) {
   folder.Write("in", text);
   ExpectFailure(RunCommand({L"compress", Path(L"in"), Path(L"no folder/out")}),
-                Shown(L"no folder/out.new") + " cannot be written");
+                Shown(L"no folder/out") + " cannot be written");
   std::filesystem::create_directory(folder.Path() / "out");
   ExpectFailure(Expand(), Shown(L"out") + " is there already and is no file");
 }

@@ -1,0 +1,35 @@
+#include "tools/name_rules.h"
+
+#include <algorithm>
+
+#include "database/fold.h"
+#include "tools/tool.h"
+
+namespace kvez {
+namespace {
+
+constexpr wchar_t kNoBreakSpace = 0xA0;
+
+bool IsBlank(wchar_t character) { return character == L' ' || character == kNoBreakSpace; }
+bool IsControl(wchar_t character) { return character < L' ' || (character >= 0x7F && character < 0xA0); }
+bool IsWildcard(wchar_t character) { return character == L'*' || character == L'?'; }
+
+}  // namespace
+
+std::string NameFault(std::wstring_view name) {
+  if (name.empty()) return "is empty";
+  if (std::all_of(name.begin(), name.end(), IsBlank)) return "is blank";
+  for (const wchar_t character : name) {
+    if (IsControl(character)) return "has the control character " + HexByte(static_cast<std::uint8_t>(character));
+    if (IsWildcard(character)) return "has the wildcard " + InApostrophes(std::wstring_view(&character, 1));
+  }
+  return {};
+}
+
+std::wstring ComparedName(std::wstring_view name) {
+  std::wstring compared(name);
+  std::transform(compared.begin(), compared.end(), compared.begin(), FoldCase);
+  return compared;
+}
+
+}  // namespace kvez
