@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "platform/portable/szdd.h"
 #include "tools/commands.h"
 #include "tools/data_file_bytes.h"
 #include "tools/tables.h"
@@ -11,14 +10,6 @@
 
 namespace kvez {
 namespace {
-
-NewFile Compressed(const std::filesystem::path& path, Bytes plain) {
-  // The last letter of "vd1.bin".
-  Bytes file = CompressSzdd(plain, 'n');
-  return {path, std::move(file), [path, plain = std::move(plain)](const Bytes& back) {
-            if (ExpandSzdd(back).bytes != plain) throw ToolError(Shown(path) + " does not expand to what went into it");
-          }};
-}
 
 /// Rows that the program would show wrongly or not find, without any of the files being damaged.
 std::string LooseEnds(const Tables& tables) {
@@ -53,9 +44,7 @@ void BuildCommand(const Arguments& arguments, std::ostream& out) {
   const std::filesystem::path folder = PathArgument(arguments[1]);
   FinishReplacement(tableFolder);
   const Tables tables = ReadTables(tableFolder);
-  const std::vector<NewFile> files = {Compressed(folder / "vd1.kl_", MunicipalityBytes(tables.municipalities)),
-                                      Compressed(folder / "vd2.kl_", PostOfficeBytes(tables.postOffices)),
-                                      Compressed(folder / "vd3.kl_", DistrictBytes(tables.districts))};
+  const std::vector<NewFile> files = DataFiles(tables, folder);
   // Made before anything is written: from then on nothing may fail any more but the output.
   const std::string report = Report(tables, files);
   MakeFolder(folder);

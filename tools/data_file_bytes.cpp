@@ -1,6 +1,8 @@
 #include "tools/data_file_bytes.h"
 
 #include "database/windows1250.h"
+#include "platform/portable/szdd.h"
+#include "tools/tool.h"
 
 namespace kvez {
 namespace {
@@ -14,8 +16,6 @@ void AppendText(Bytes& bytes, const std::wstring& text) {
   AppendNumber(bytes, static_cast<std::uint32_t>(letters.size()), 2);
   bytes.insert(bytes.end(), letters.begin(), letters.end());
 }
-
-}  // namespace
 
 Bytes MunicipalityBytes(const std::vector<MunicipalityRow>& rows) {
   Bytes bytes;
@@ -44,6 +44,22 @@ Bytes DistrictBytes(const std::vector<DistrictRow>& rows) {
     AppendText(bytes, row.name);
   }
   return bytes;
+}
+
+NewFile Compressed(const std::filesystem::path& path, Bytes plain) {
+  // The last letter of "vd1.bin".
+  Bytes file = CompressSzdd(plain, 'n');
+  return {path, std::move(file), [path, plain = std::move(plain)](const Bytes& back) {
+            if (ExpandSzdd(back).bytes != plain) throw ToolError(Shown(path) + " does not expand to what went into it");
+          }};
+}
+
+}  // namespace
+
+std::vector<NewFile> DataFiles(const Tables& tables, const std::filesystem::path& folder) {
+  return {Compressed(folder / "vd1.kl_", MunicipalityBytes(tables.municipalities)),
+          Compressed(folder / "vd2.kl_", PostOfficeBytes(tables.postOffices)),
+          Compressed(folder / "vd3.kl_", DistrictBytes(tables.districts))};
 }
 
 }  // namespace kvez

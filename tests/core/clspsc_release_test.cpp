@@ -117,6 +117,35 @@ TEST(Release, WindowThatCannotShowItDoesNotStopIt) {
   EXPECT_EQ(loaded.database.pscPozice(), 0);
 }
 
+// The count still says 4 when the last element that is left is the second.
+TEST(Release, ElementThatIsReleasedAlreadyIsNone) {
+  LoadedDatabase loaded({Village(1), Village(2), Village(3), Village(4)}, {}, {{1, L"a"}, {2, L"b"}, {3, L"c"}});
+  std::vector<std::int32_t> positions;
+  loaded.window.onProgress = [&] {
+    for (const std::int32_t n : {4, 3, 2, 1}) {
+      loaded.database.pscDetail(n);
+      positions.push_back(loaded.database.pscPozice());
+    }
+  };
+  loaded.database.pscUvolniPamet(loaded.window);
+  // Shown when the third and when the first went; then once for the districts, when no municipality is left.
+  EXPECT_EQ(positions, (std::vector<std::int32_t>{0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(Release, DistrictThatIsReleasedAlreadyIsNone) {
+  LoadedDatabase loaded({}, {}, {{1, L"a"}, {2, L"b"}, {3, L"c"}, {4, L"d"}});
+  std::vector<std::wstring> texts;
+  loaded.window.onProgress = [&] {
+    for (const std::int32_t n : {4, 3, 2, 1}) {
+      loaded.database.pscoDetail(n);
+      texts.push_back(loaded.database.pscoVybran());
+    }
+  };
+  loaded.database.pscUvolniPamet(loaded.window);
+  const std::wstring none = L"V seznamu jsou 4 okresy.";
+  EXPECT_EQ(texts, (std::vector<std::wstring>{none, none, L"2. záznam z 4", L"1. záznam z 4", none, none, none, none}));
+}
+
 TEST(Release, CurrentFieldsStayUntilTheNextLoading) {
   LoadedDatabase loaded({Village(11000)}, {{11000, L"Praha 1"}}, {{1, L"Praha"}});
   loaded.database.pscDetail(1);

@@ -46,11 +46,20 @@ TEST(NumericText, WhatIsNoNumberIsAConversionError) {
   EXPECT_EQ(ErrorOf([] { ToInt16(L""); }), L"Text \"\" není celé číslo.");
 }
 
+// Whoever knows only the standard's errors gets a word too.
+TEST(NumericText, ConversionErrorIsAStandardError) {
+  const ConversionError error(L"Text");
+  EXPECT_STREQ(static_cast<const std::exception&>(error).what(), "conversion error");
+}
+
 TEST(NumericText, WhatDoesNotFitIsAConversionError) {
   EXPECT_EQ(ErrorOf([] { ToInt32(L"2147483648"); }), L"Číslo \"2147483648\" je mimo povolený rozsah.");
   EXPECT_EQ(ErrorOf([] { ToInt32(L"-2147483649"); }), L"Číslo \"-2147483649\" je mimo povolený rozsah.");
   EXPECT_EQ(ErrorOf([] { ToInt16(L"32768"); }), L"Číslo \"32768\" je mimo povolený rozsah.");
   EXPECT_EQ(ErrorOf([] { ToInt16(L"-32769"); }), L"Číslo \"-32769\" je mimo povolený rozsah.");
+  // The digits before the last are the least number: it must not stop there.
+  EXPECT_EQ(ErrorOf([] { ToInt16(L"-327680"); }), L"Číslo \"-327680\" je mimo povolený rozsah.");
+  EXPECT_EQ(ErrorOf([] { ToInt32(L"-21474836480"); }), L"Číslo \"-21474836480\" je mimo povolený rozsah.");
   const std::wstring manyDigits(1000, L'9');
   EXPECT_EQ(ErrorOf([&] { ToInt32(manyDigits); }), L"Číslo \"" + manyDigits + L"\" je mimo povolený rozsah.");
 }

@@ -87,6 +87,7 @@ TEST_F(BuildTest, DamagedTablesAreRefusedWithTheLine) {
   ExpectRefused("obce.csv", "psc;obec;okres\n", "line 2: at least one row was expected");
   ExpectRefused("obce.csv", obce + "35002;Cheb\n", "line 3: 3 columns were expected, not 2");
   ExpectRefused("obce.csv", obce + "3500;Cheb;Cheb\n", "line 3: '3500' is no postal code of five digits");
+  ExpectRefused("obce.csv", obce + "35-02;Cheb;Cheb\n", "line 3: '35-02' is no postal code of five digits");
   ExpectRefused("obce.csv", obce + "35002;;Cheb\n", "line 3: a name is empty");
   ExpectRefused("obce.csv",
                 obce +
@@ -109,6 +110,24 @@ TEST_F(BuildTest, DamagedTablesAreRefusedWithTheLine) {
   ExpectRefused("okresy.csv", "kod;okres\n-1;Cheb\n", "line 2: '-1' is no district code from 0 to 32767");
   ExpectRefused("okresy.csv", "kod;okres\n3402;Cheb\n3403;CHEB\n", "line 3: the name has a row already, in line 2");
   ExpectRefused("okresy.csv", "kod;okres\n3402;Cheb\n3402;Aš\n", "line 3: the code has a row already, in line 2");
+}
+
+// The code page has bytes for them, and still they are no letters.
+TEST_F(BuildTest, ControlCharactersOfTheCodePageAreRefused) {
+  for (const std::string character : {"\x7F", "\xC2\x81", "\xC2\x83", "\xC2\x88", "\xC2\x90", "\xC2\x98"}) {
+    WriteTables();
+    folder.Write("data/okresy.csv", "kod;okres\n1;Cheb\n2;Che" + character + "\n");
+    const ToolRun run = Build();
+    EXPECT_EQ(run.status, 1) << testing::PrintToString(character);
+    EXPECT_EQ(run.error.starts_with("kvezdata: " + Shown(L"data/okresy.csv") + ": line 3: "), true) << run.error;
+  }
+}
+
+TEST_F(BuildTest, SpaceAtWhichNoLineBreaksIsALetter) {
+  WriteTables();
+  folder.Write("data/okresy.csv", std::string("kod;okres\n1;a\xC2\xA0z ~\n"));
+  EXPECT_EQ(Build().error, "");
+  EXPECT_EQ(Expanded("vd3.kl_"), (Bytes{1, 0, 5, 0, 'a', 0xA0, 'z', ' ', '~'}));
 }
 
 TEST_F(BuildTest, LongestNameFits) {

@@ -197,6 +197,11 @@ TEST_F(ImportTest, FieldsThatAreNoCodeAreRefused) {
   EXPECT_EQ(ImportRows(L"Cheb;35002;Cheb 2;32767;Cheb;Cheb\r\n").status, 0);
 }
 
+TEST_F(ImportTest, DistrictCodesBeginAtZero) {
+  EXPECT_EQ(ImportRows(L"Cheb;35002;Cheb 2;0;Cheb;Cheb\r\n").error, "");
+  EXPECT_EQ(folder.Read("data/okresy.csv"), "kod;okres\n0;Cheb\n");
+}
+
 TEST_F(ImportTest, EmptyNamesAndBlanksAtTheirEndsAreRefused) {
   ExpectRefused(L";35002;Cheb 2;3402;Cheb;Cheb\r\n", "line 2: NAZCOBCE is empty");
   ExpectRefused(L" x);35002;Cheb 2;3402;Cheb;Cheb\r\n", "line 2: NAZCOBCE is empty");

@@ -26,6 +26,19 @@ TEST_F(SzddCommandsTest, LastLetterOutsideAsciiIsLeftOut) {
   EXPECT_EQ(folder.Read("out")[9], '\0');
 }
 
+// Some systems have no file of such a name and take the one without the blank; the name is looked at as it was given.
+TEST_F(SzddCommandsTest, LastCharacterIsLeftOutWhereItIsNoneToSee) {
+  const auto lastOf = [&](const std::wstring& name) {
+    folder.Write(PathFromText(name), text);
+    EXPECT_EQ(RunCommand({L"compress", Path(name), Path(L"out")}).error, "");
+    return folder.Read("out")[9];
+  };
+  EXPECT_EQ(lastOf(L"in "), '\0');
+  EXPECT_EQ(lastOf(L"in!"), '!');
+  EXPECT_EQ(lastOf(L"in~"), '~');
+  EXPECT_EQ(lastOf(L"in\x7F"), '\0');
+}
+
 TEST_F(SzddCommandsTest, FileMayReplaceItself) {
   folder.Write("in", text);
   EXPECT_EQ(RunCommand({L"compress", Path(L"in"), Path(L"in")}).status, 0);
@@ -54,6 +67,7 @@ TEST_F(SzddCommandsTest, MissingFileIsAnError) {
   ExpectFailure(Expand(), Shown(L"in") + " cannot be read");
   ExpectFailure(RunCommand({L"compress", Path(L"in"), Path(L"out")}), Shown(L"in") + " cannot be read");
   ExpectFailure(RunCommand({L"expand", Path(), Path(L"out")}), Shown(L"") + " cannot be read");
+  ExpectFailure(RunCommand({L"compress", Path() + L"/", Path(L"out")}), Shown(L"") + "/ cannot be read");
 }
 
 TEST_F(SzddCommandsTest, TargetThatCannotBeWrittenIsAnError) {
