@@ -11,7 +11,8 @@ void PostOfficeIndex::Build(std::span<const tclsdodavaci> offices) {
     m_entries.push_back({offices[i].tpPSC(), static_cast<std::uint32_t>(i)});
   }
   // Of equal codes the one that stands first in the list comes first, and stays.
-  std::sort(m_entries.begin(), m_entries.end());
+  std::sort(m_entries.begin(), m_entries.end(),
+            [](const Entry& a, const Entry& b) { return a.code != b.code ? a.code < b.code : a.index < b.index; });
   const auto sameCode = [](const Entry& a, const Entry& b) { return a.code == b.code; };
   m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), sameCode), m_entries.end());
 }

@@ -23,7 +23,6 @@ class PostOfficeIndex {
   struct Entry {
     std::int32_t code;
     std::uint32_t index;
-    friend auto operator<=>(const Entry&, const Entry&) = default;
   };
 
   std::vector<Entry> m_entries;  // by code, one entry a code

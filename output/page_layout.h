@@ -14,8 +14,6 @@ struct PagePlan {
   std::int32_t rowsPerPage = 0;
   /// 0 when the rows fill more than one page exactly: the footers then say no count.
   std::int32_t pageCount = 0;
-
-  friend bool operator==(const PagePlan&, const PagePlan&) = default;
 };
 
 /// `textHeight` is the height of the 10-point text in millimetres. Throws std::runtime_error when there are no rows or

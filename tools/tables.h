@@ -17,20 +17,14 @@ struct MunicipalityRow {
   std::int32_t code = 0;
   std::wstring name;
   std::wstring district;
-
-  friend bool operator==(const MunicipalityRow&, const MunicipalityRow&) = default;
 };
 struct PostOfficeRow {
   std::int32_t code = 0;
   std::wstring name;
-
-  friend bool operator==(const PostOfficeRow&, const PostOfficeRow&) = default;
 };
 struct DistrictRow {
   std::int16_t code = 0;
   std::wstring name;
-
-  friend bool operator==(const DistrictRow&, const DistrictRow&) = default;
 };
 
 /// The project's three tables: obce.csv, posty.csv and okresy.csv.

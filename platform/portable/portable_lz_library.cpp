@@ -1,13 +1,10 @@
 #include "platform/portable/portable_lz_library.h"
 
 #include <filesystem>
-#include <limits>
 #include <new>
-#include <optional>
-#include <span>
-#include <vector>
 
 #include "platform/portable/portable_path.h"
+#include "platform/portable/read_stream.h"
 #include "platform/portable/szdd.h"
 
 namespace kvez {
@@ -15,38 +12,9 @@ namespace {
 
 constexpr std::size_t kModeOffset = 8;
 
-std::optional<std::vector<std::uint8_t>> ReadAll(std::fstream& stream) {
-  stream.clear();
-  stream.seekg(0, std::ios::end);
-  const std::streamoff size = stream.tellg();
-  if (size < 0) return std::nullopt;
-  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
-  stream.seekg(0);
-  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (stream.gcount() != static_cast<std::streamsize>(bytes.size())) return std::nullopt;
-  return bytes;
-}
-
-std::int32_t Write(std::span<const std::uint8_t> bytes, std::fstream& stream) {
-  if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-    return PortableLzLibrary::kBadValue;
-  }
-  stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  stream.flush();
-  return stream ? static_cast<std::int32_t>(bytes.size()) : PortableLzLibrary::kWriteError;
-}
-
-std::int32_t CopyStream(std::fstream& source, std::fstream& target) {
-  const auto file = ReadAll(source);
-  if (!file) return PortableLzLibrary::kReadError;
-  if (!IsSzdd(*file)) return Write(*file, target);
-  const SzddResult expanded = ExpandSzdd(*file);
-  if (expanded.Ok()) return Write(expanded.bytes, target);
-  const bool otherMode = file->size() > kModeOffset && (*file)[kModeOffset] != 'A';
-  return otherMode ? PortableLzLibrary::kUnknownAlgorithm : PortableLzLibrary::kReadError;
-}
-
 }  // namespace
+
+PortableLzLibrary::PortableLzLibrary(std::size_t mostBytes) : m_mostBytes(mostBytes) {}
 
 std::int32_t PortableLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
   const std::int32_t refused = mode == LzMode::Create ? kBadTarget : kBadSource;
@@ -71,10 +39,27 @@ std::int32_t PortableLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   const auto to = m_open.find(target);
   if (to == m_open.end() || to->second.mode != LzMode::Create) return kBadTarget;
   try {
-    return CopyStream(from->second.stream, to->second.stream);
+    return Expand(from->second.stream, to->second.stream);
   } catch (const std::bad_alloc&) {
     return kNoMemory;
   }
+}
+
+std::int32_t PortableLzLibrary::Expand(std::istream& source, std::ostream& target) const {
+  const auto file = ReadStream(source);
+  if (!file) return kReadError;
+  if (!IsSzdd(*file)) return Write(*file, target);
+  const SzddResult expanded = ExpandSzdd(*file);
+  if (expanded.Ok()) return Write(expanded.bytes, target);
+  const bool otherMode = file->size() > kModeOffset && (*file)[kModeOffset] != 'A';
+  return otherMode ? kUnknownAlgorithm : kReadError;
+}
+
+std::int32_t PortableLzLibrary::Write(std::span<const std::uint8_t> bytes, std::ostream& target) const {
+  if (bytes.size() > m_mostBytes) return kBadValue;
+  target.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  target.flush();
+  return target ? static_cast<std::int32_t>(bytes.size()) : kWriteError;
 }
 
 void PortableLzLibrary::Close(std::int32_t handle) { m_open.erase(handle); }

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <fstream>
+#include <limits>
 #include <map>
+#include <span>
 #include <string>
 
 #include "platform/lz_library.h"
@@ -21,8 +23,11 @@ class PortableLzLibrary : public LzLibrary {
   static constexpr std::int32_t kReadError = -3;  // the file cannot be read, or is damaged
   static constexpr std::int32_t kWriteError = -4;
   static constexpr std::int32_t kNoMemory = -5;
-  static constexpr std::int32_t kBadValue = -7;          // more bytes than a result can tell
+  static constexpr std::int32_t kBadValue = -7;          // more bytes than a result may tell
   static constexpr std::int32_t kUnknownAlgorithm = -8;  // another compression mode than 'A'
+
+  /// Copies that would write more than `mostBytes` are refused; a result tells no more than these.
+  explicit PortableLzLibrary(std::size_t mostBytes = std::numeric_limits<std::int32_t>::max());
 
   std::int32_t OpenFile(const std::wstring& path, LzMode mode) override;
   std::int32_t Copy(std::int32_t source, std::int32_t target) override;
@@ -37,6 +42,10 @@ class PortableLzLibrary : public LzLibrary {
     std::fstream stream;
   };
 
+  std::int32_t Expand(std::istream& source, std::ostream& target) const;
+  std::int32_t Write(std::span<const std::uint8_t> bytes, std::ostream& target) const;
+
+  std::size_t m_mostBytes;
   std::map<std::int32_t, Entry> m_open;
   std::int32_t m_lastHandle = 0;
 };

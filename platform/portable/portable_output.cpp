@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "database/windows1250.h"
+#include "platform/portable/local_time.h"
 #include "platform/portable/portable_path.h"
 
 namespace kvez {
@@ -16,16 +17,7 @@ constexpr std::uint32_t kNotSupported = 26;  // the mail system's own code
 
 }  // namespace
 
-DateTime PortableClock::Now() {
-  const std::time_t seconds = std::time(nullptr);
-  std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &seconds);
-#else
-  localtime_r(&seconds, &local);
-#endif
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
-}
+DateTime PortableClock::Now() { return LocalDateTime(std::time(nullptr)).value_or(DateTime{}); }
 
 void PortableTextFiles::Write(const std::wstring& path, std::wstring_view text) {
   std::ofstream stream(PortablePath(path), std::ios::binary | std::ios::trunc);

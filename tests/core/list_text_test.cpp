@@ -57,6 +57,16 @@ TEST(ListText, ShowsThreeEmptyLinesForAnEmptyResult) {
   EXPECT_EQ(loaded->database.pscObec(), L"Praha 1") << "the detail fields stay as they were";
 }
 
+TEST(ListText, ShowsEmptyRowsForMunicipalitiesThatAreReleasedAlready) {
+  const auto loaded = TwoFound();
+  loaded->window.onProgress = [&] { loaded->database.pClipboard(kHeading); };
+  loaded->database.pscUvolniPamet(loaded->window);
+  // Of the three municipalities the first is left when the progress is shown, and none when it is for the post offices.
+  EXPECT_THAT(loaded->machine.output.clipboard.texts,
+              ElementsAre(ListText(L"\r\n798 62 ; Rozstání ; Želeč ; Prostějov\r\n ;  ;  ; "),
+                          ListText(L"\r\n ;  ;  ; \r\n ;  ;  ; ")));
+}
+
 TEST(ListText, WritesASeparatorWithinANameAsItStands) {
   LoadedDatabase loaded({{11000, L"Žár ; dolní \"konec\"", L"Praha"}}, {{11000, L"Praha"}}, {{3100, L"Praha"}});
   loaded.database.pscVyberPostu(L"Ž*", loaded.list, loaded.description);

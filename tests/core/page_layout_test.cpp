@@ -65,12 +65,16 @@ TEST(PagePlan, RoundsTheRowsPerPageToTheNearestAndAHalfToTheEvenNumber) {
 }
 
 TEST(PagePlan, CountsThePages) {
-  EXPECT_EQ(PlanPages(1, 4.2), (PagePlan{57, 1}));
-  EXPECT_EQ(PlanPages(57, 4.2), (PagePlan{57, 1}));
-  EXPECT_EQ(PlanPages(58, 4.2), (PagePlan{57, 2}));
-  EXPECT_EQ(PlanPages(114, 4.2), (PagePlan{57, 0})) << "an exact multiple keeps the count 0";
-  EXPECT_EQ(PlanPages(115, 4.2), (PagePlan{57, 3}));
-  EXPECT_EQ(PlanPages(std::numeric_limits<std::int32_t>::max(), 4.2).pageCount, 37675152);
+  const auto plan = [](std::int32_t rows) {
+    const PagePlan pages = PlanPages(rows, 4.2);
+    return std::pair(pages.rowsPerPage, pages.pageCount);
+  };
+  EXPECT_EQ(plan(1), std::pair(57, 1));
+  EXPECT_EQ(plan(57), std::pair(57, 1));
+  EXPECT_EQ(plan(58), std::pair(57, 2));
+  EXPECT_EQ(plan(114), std::pair(57, 0)) << "an exact multiple keeps the count 0";
+  EXPECT_EQ(plan(115), std::pair(57, 3));
+  EXPECT_EQ(plan(std::numeric_limits<std::int32_t>::max()), std::pair(57, 37675152));
 }
 
 TEST(PagePlan, RefusesWhatCannotBePrinted) {

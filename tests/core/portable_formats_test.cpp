@@ -55,6 +55,19 @@ TEST(PortableFormats, MinutesFollowTheHour) {
   EXPECT_EQ(formats.Date(kSunday, L"HH:mm d.m."), L"09:05 9.2.");
 }
 
+TEST(PortableFormats, SignsAreWrittenInTheirLengths) {
+  PortableFormats formats;
+  EXPECT_EQ(formats.Date(kSunday, L"d dd m mm y yy yyy yyyy"), L"9 09 2 02 25 25 2025 2025");
+  EXPECT_EQ(formats.Date({2005, 10, 30}, L"dd.mm.yy"), L"30.10.05");
+  EXPECT_EQ(formats.Date({987, 10, 30}, L"yyyy"), L"0987");
+}
+
+TEST(PortableFormats, BackslashTakesTheNextCharacterAsItStands) {
+  PortableFormats formats;
+  EXPECT_EQ(formats.Date(kSunday, L"\\d\\\\d\\"), L"d\\9");
+  EXPECT_EQ(formats.Number(7, L"\\00\\"), L"07");
+}
+
 TEST(PortableFormats, EveryMonthHasItsName) {
   PortableFormats formats;
   const std::wstring_view names[] = {L"leden",    L"únor",  L"březen", L"duben", L"květen",   L"červen",
@@ -75,6 +88,12 @@ TEST(PortableFormats, EveryWeekdayHasItsName) {
 TEST(PortableFormats, NoDateIsAnEmptyText) {
   PortableFormats formats;
   EXPECT_EQ(formats.Date(DateTime{}, L"d.mmmm yyyy"), L"");
+  for (const DateTime& none :
+       {DateTime{2026, 0, 1}, DateTime{2026, 13, 1}, DateTime{2026, 1, 0}, DateTime{2026, 1, 32}}) {
+    EXPECT_EQ(formats.Date(none, L"d.m.yyyy"), L"") << none.month << " " << none.day;
+  }
+  EXPECT_EQ(formats.Date({2026, 12, 31}, L"d.m.yyyy"), L"31.12.2026");
+  EXPECT_EQ(formats.Date({2026, 1, 1}, L"d.m.yyyy"), L"1.1.2026");
 }
 
 }  // namespace

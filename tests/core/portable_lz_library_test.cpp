@@ -6,6 +6,10 @@
 #include "platform/portable/szdd.h"
 #include "tests/support/temporary_folder.h"
 
+#ifdef __linux__
+#include <unistd.h>
+#endif
+
 namespace kvez {
 namespace {
 
@@ -122,7 +126,39 @@ TEST_F(PortableLz, ClosingWhatIsNotOpenIsIgnored) {
   EXPECT_EQ(lz.OpenHandles(), 0U);
 }
 
+TEST_F(PortableLz, MoreBytesThanTheResultMayTellAreRefused) {
+  folder.Write("plain", text);
+  folder.Write("compressed", CompressSzdd(text, 'n'));
+  for (const auto& [most, result] : {std::pair(std::size_t{14}, 14), std::pair(std::size_t{13}, Lz::kBadValue)}) {
+    PortableLzLibrary limited(most);
+    for (const wchar_t* source : {L"plain", L"compressed"}) {
+      const std::int32_t from = limited.OpenFile(Path(source), LzMode::Read);
+      const std::int32_t to = limited.OpenFile(Path(L"target"), LzMode::Create);
+      EXPECT_EQ(limited.Copy(from, to), result);
+      limited.Close(to);
+      EXPECT_EQ(Read(L"target"), result > 0 ? text : Bytes());
+    }
+  }
+}
+
+TEST_F(PortableLz, PathThatNoSystemTakesIsRefused) {
+  const std::wstring path = Path(std::wstring(70000, L'x').c_str());
+  EXPECT_EQ(lz.OpenFile(path, LzMode::Read), Lz::kBadSource);
+  EXPECT_EQ(lz.OpenFile(path, LzMode::Create), Lz::kBadTarget);
+  EXPECT_EQ(lz.OpenFile(path, LzMode::Delete), Lz::kBadSource);
+}
+
 #ifdef __linux__
+TEST_F(PortableLz, SourceThatCannotBeSoughtInGivesAReadError) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const std::int32_t from = lz.OpenFile(L"/proc/self/fd/" + std::to_wstring(ends[0]), LzMode::Read);
+  const std::int32_t to = lz.OpenFile(Path(L"target"), LzMode::Create);
+  EXPECT_EQ(lz.Copy(from, to), Lz::kReadError);
+  close(ends[0]);
+  close(ends[1]);
+}
+
 TEST_F(PortableLz, FullDiskGivesAWriteError) {
   folder.Write("source", text);
   const std::int32_t from = lz.OpenFile(Path(L"source"), LzMode::Read);

@@ -7,6 +7,8 @@
 #include <iterator>
 #include <ostream>
 #include <random>
+#include <span>
+#include <stdexcept>
 #include <string_view>
 
 namespace kvez {
@@ -102,6 +104,14 @@ TEST(Szdd, NothingIsAHeaderAlone) {
   const SzddResult result = ExpandSzdd(File(0, {}));
   EXPECT_EQ(result.error, "");
   EXPECT_EQ(result.bytes, Bytes());
+}
+
+TEST(Szdd, MoreBytesThanAHeaderTellsAreRefused) {
+  if constexpr (sizeof(std::size_t) > 4) {
+    // The length alone decides; nobody looks at the bytes, which are not there.
+    const std::uint8_t byte = 0;
+    EXPECT_THROW(CompressSzdd(std::span(&byte, std::size_t{1} << 32), 'n'), std::length_error);
+  }
 }
 
 TEST(Szdd, BlanksOfTheFreshWindowCostNoLiteral) {

@@ -3,7 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <vector>
+
+#ifndef _WIN32
+#include "platform/portable/collation/icu_collation.h"
+#endif
 
 namespace kvez {
 namespace {
@@ -36,6 +41,13 @@ TEST(CzechCollation, LongTextHasAWholeKey) {
   EXPECT_LT(collation->SortKey(std::wstring(5000, L'x') + L"a"), collation->SortKey(std::wstring(5000, L'x') + L"b"));
   EXPECT_EQ(collation->SortKey(L""), CreateCzechCollation()->SortKey(L""));
 }
+
+#ifndef _WIN32
+TEST(CzechCollation, LanguageWithoutAnOrderOfItsOwnIsRefused) {
+  EXPECT_THROW(CreateIcuCollation("xx"), std::runtime_error);
+  EXPECT_THROW(CreateIcuCollation(std::string(1000, 'x').c_str()), std::runtime_error);
+}
+#endif
 
 }  // namespace
 }  // namespace kvez

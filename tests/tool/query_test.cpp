@@ -1,5 +1,6 @@
 #include "tests/core/data_bytes.h"
 #include "tests/tool/tool_test.h"
+#include "tools/loaded_database.h"
 
 namespace kvez {
 namespace {
@@ -119,6 +120,19 @@ TEST_F(QueryTest, DamagedFilesShowTheProgramsMessages) {
   std::filesystem::remove(folder.Path() / "out" / "vd1.kl_");
   folder.Write("out/vd3.kl_", fakes::Bytes());
   ExpectFailure(List(L"offices"), municipalities + "\n" + offices + "\n" + districts);
+}
+
+TEST(CollectedMessages, NobodyAnswersAQuestion) {
+  CollectedMessages messages;
+  EXPECT_NO_THROW(messages.ThrowIfAny());
+  messages.Show(L"První.", MessageIcon::Exclamation, L"Kvez");
+  EXPECT_EQ(messages.Ask(L"Druhá?", L"Kvez"), false);
+  try {
+    messages.ThrowIfAny();
+    FAIL() << "no error";
+  } catch (const ToolError& error) {
+    EXPECT_STREQ(error.what(), "První.\nDruhá?");
+  }
 }
 
 }  // namespace

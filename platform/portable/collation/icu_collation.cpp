@@ -1,14 +1,15 @@
 // Outside Windows the Czech order comes from ICU.
 
+#include "platform/portable/collation/icu_collation.h"
+
 #include <unicode/ucol.h>
 #include <unicode/unistr.h>
 
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <string>
 #include <utility>
-
-#include "platform/collation.h"
 
 namespace kvez {
 namespace {
@@ -46,12 +47,14 @@ class IcuCollation : public Collation {
 
 }  // namespace
 
-std::unique_ptr<Collation> CreateCzechCollation() {
+std::unique_ptr<Collation> CreateIcuCollation(const char* language) {
   UErrorCode status = U_ZERO_ERROR;
-  OwnedCollator collator(ucol_open("cs", &status));
+  OwnedCollator collator(ucol_open(language, &status));
   // A warning here means the order of some other language.
-  if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING) throw std::runtime_error("ICU has no Czech collation.");
+  if (status != U_ZERO_ERROR) throw std::runtime_error("ICU has no collation of the language " + std::string(language));
   return std::make_unique<IcuCollation>(std::move(collator));
 }
+
+std::unique_ptr<Collation> CreateCzechCollation() { return CreateIcuCollation("cs"); }
 
 }  // namespace kvez
