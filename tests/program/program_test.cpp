@@ -7,8 +7,6 @@
 namespace kvez::test {
 namespace {
 
-constexpr const wchar_t* kSettings = L"Software\\VB and VBA Program Settings\\VD";
-
 std::wstring FromUtf8(const std::string& bytes) {
   const int length = static_cast<int>(bytes.size());
   std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0)), L'\0');
@@ -43,18 +41,14 @@ std::vector<TableRow> ReadTable(const char* name) {
 }
 
 void ProgramTest::SetUp() {
-  RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
+  ClearSettings();
   const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
   m_folder = Native(KVEZ_BINARY_DIR) / "program-tests" / (std::string(test->test_suite_name()) + "." + test->name());
-  std::filesystem::remove_all(m_folder);
-  std::filesystem::create_directories(m_folder);
-  for (const char* file : {"kvez.exe", "vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
-    std::filesystem::copy_file(Native(KVEZ_PROGRAM_FOLDER) / file, m_folder / file);
-  }
+  CopyProgram(Native(KVEZ_PROGRAM_FOLDER), m_folder);
 }
 
 void ProgramTest::TearDown() {
-  RegDeleteTreeW(HKEY_CURRENT_USER, kSettings);
+  ClearSettings();
   std::error_code ignored;
   // A failed test keeps its folder for whoever looks into it.
   if (!HasFailure()) std::filesystem::remove_all(m_folder, ignored);
@@ -66,19 +60,6 @@ void ProgramTest::MoveFolder(const std::filesystem::path& folder) {
     if (entry.is_regular_file()) std::filesystem::rename(entry.path(), folder / entry.path().filename());
   }
   m_folder = folder;
-}
-
-void ProgramTest::SaveSetting(const std::wstring& key, const std::wstring& value) {
-  RegSetKeyValueW(HKEY_CURRENT_USER, (std::wstring(kSettings) + L"\\VDKVEZ").c_str(), key.c_str(), REG_SZ,
-                  value.c_str(), static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-}
-
-std::wstring ProgramTest::ReadSetting(const std::wstring& key) {
-  wchar_t text[64] = {};
-  DWORD bytes = sizeof text;
-  const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, (std::wstring(kSettings) + L"\\VDKVEZ").c_str(), key.c_str(),
-                                      RRF_RT_REG_SZ, nullptr, text, &bytes);
-  return status == ERROR_SUCCESS ? text : L"(none)";
 }
 
 bool ProgramTest::HasNoExpandedFiles() const {

@@ -8,6 +8,7 @@
 
 #include "mainwindow/control_ids.h"
 #include "tests/support/program_driver.h"
+#include "tests/support/program_folder.h"
 
 namespace kvez::test {
 
@@ -32,12 +33,6 @@ class ProgramTest : public ::testing::Test {
 
   /// Moves the copy to another, new folder.
   void MoveFolder(const std::filesystem::path& folder);
-
-  /// Writes a value of the settings branch, as the settings window does.
-  static void SaveSetting(const std::wstring& key, const std::wstring& value);
-
-  /// What is stored there; "(none)" when nothing is.
-  static std::wstring ReadSetting(const std::wstring& key);
 
   /// No expanded data file lies in the folder.
   bool HasNoExpandedFiles() const;
