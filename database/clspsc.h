@@ -122,6 +122,7 @@ class clspsc {
   void SearchExactly(std::int32_t code, ListBox& list, std::wstring& description);
   void AddMatch(std::size_t municipality);
   void FillResultList(ListBox& list);
+  void StandOnLastOfResult();
 
   std::wstring pSeznam();
   std::wstring TextUnderHeading(const std::wstring& heading);

@@ -144,15 +144,29 @@ void clspsc::FillResultList(ListBox& list) {
     characters += m_municipalities.NameLength(static_cast<std::size_t>(position.tpPozice()) - 1);
   }
   ListFilling filling(list, m_result.size(), characters);
+  std::wstring name;
   for (const tpclspsc& position : m_result) {
     ++m_resultCursor;
-    // The cursor moves along and stays on the last one, its post office where that one has none is carried over from
-    // row to row, and every move sets the found flag.
-    pscDetail(position.tpPozice());
-    filling.AddRow(m_currentName, m_resultCursor);
+    m_municipalities.Name(static_cast<std::size_t>(position.tpPozice()) - 1, name);
+    filling.AddRow(name, m_resultCursor);
   }
   m_resultCursor = 0;
   filling.SetExtent();
+  StandOnLastOfResult();
+}
+
+void clspsc::StandOnLastOfResult() {
+  if (m_result.empty()) return;
+  // As if the cursor had moved along the rows, which takes longer than finding them: where a row has no post office,
+  // the one of the row before stays, so the last office that any of them has is the one.
+  for (auto position = m_result.rbegin(); position != m_result.rend(); ++position) {
+    const std::size_t index = static_cast<std::size_t>(position->tpPozice()) - 1;
+    if (const auto office = m_postOfficeIndex.First(m_municipalities.Code(index))) {
+      m_currentPostOffice = m_postOffices[*office].tpDodavaci();
+      break;
+    }
+  }
+  pscDetail(m_result.back().tpPozice());
 }
 
 }  // namespace kvez
