@@ -45,7 +45,7 @@ void Label::SetCaption(std::wstring_view caption) {
   const std::wstring before = Caption();
   if (Handle() == nullptr || before == caption) return;
   Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::wstring(caption).c_str()));
-  if (Visible() && before.empty() != caption.empty()) ShowWindow(Handle(), caption.empty() ? SW_HIDE : SW_SHOWNA);
+  if (Visible() && before.empty() && !caption.empty()) ShowWindow(Handle(), SW_SHOWNA);
 }
 
 bool Label::HasAccessKey(wchar_t character) const { return m_accessKey && EventControl::HasAccessKey(character); }

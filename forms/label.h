@@ -9,8 +9,9 @@ namespace kvez::forms {
 
 enum class Alignment { Left, Right, Center };
 
-/// A text that wraps at words. Without a caption its window is hidden: it has nothing to show, and every window that is
-/// shown makes the form open later.
+/// A text that wraps at words. Until its first caption its window is hidden: it has nothing to show, and every window
+/// that is shown makes the form open later. Afterwards it stays: hiding and showing it again takes longer than all else
+/// that a new caption does.
 class Label : public EventControl {
  public:
   /// With `accessKey`, a "&" in the caption marks the key that moves the focus to the control after the label;

@@ -387,7 +387,7 @@ TEST(LabelTest, ShowsTheMarkOfAnAccessKeyAsItIs) {
   EXPECT_EQ(label.Caption(), L"Zadání vyhovuje 12 obcí.");
 }
 
-TEST(LabelTest, IsHiddenWhileItHasNoCaption) {
+TEST(LabelTest, IsHiddenUntilItsFirstCaption) {
   TestForm form;
   Label label;
   label.Create(form, 1, {0, 0, 1500, 225});
@@ -396,12 +396,29 @@ TEST(LabelTest, IsHiddenWhileItHasNoCaption) {
   label.SetCaption(L"Obec");
   EXPECT_TRUE(shown());
   label.SetCaption(L"");
-  EXPECT_FALSE(shown());
+  EXPECT_TRUE(shown());
   label.SetVisible(false);
   label.SetCaption(L"Okres");
   EXPECT_FALSE(shown());
   label.SetVisible(true);
   EXPECT_TRUE(shown());
+}
+
+TEST(LabelTest, TakesItsTextAwayWithTheCaption) {
+  TestForm form;
+  Label label;
+  label.Create(form, 1, {0, 0, 3000, 225});
+  ASSERT_TRUE(test::ShowActive(form));
+  label.SetCaption(L"Obec");
+  label.Refresh();
+  const auto isEmpty = [&label] {
+    const Pixels pixels = Pixels::OfWindow(label.Handle());
+    return pixels.Count(label.BackColor()) == pixels.Width() * pixels.Height();
+  };
+  EXPECT_FALSE(isEmpty());
+  label.SetCaption(L"");
+  label.Refresh();
+  EXPECT_TRUE(isEmpty());
 }
 
 TEST(LabelTest, RefreshPaintsAtOnce) {
