@@ -6,7 +6,8 @@
 namespace kvez {
 
 void frmhlavni::tlHOaplikaci_Click() {
-  for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHOaplikaci, &tlHNastaveni}) button->SetEnabled(false);
+  // The button that has the focus comes last: the focus would wander from one to the next, and each shows it.
+  for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHNastaveni, &tlHOaplikaci}) button->SetEnabled(false);
   if (fraMPSCO.Handle() == nullptr) CreateAboutPanel();
   Label1to3[0].SetCaption(L"Název: " + std::wstring(kApplicationTitle));
   VersionInformation& version = m_platform.output.version;

@@ -95,9 +95,10 @@ void StatusBar::SetText(std::wstring_view text, std::int32_t panel, std::int32_t
     m_message = text;
     m_messageFlags = flags;
   }
-  if (!isMessage || !m_menuExplanationShown) SendText(text, static_cast<std::size_t>(panel | flags));
-  // Panel 2 is the only one with an icon, so its icon is meant whichever panel is emptied.
+  // Panel 2 is the only one with an icon, so its icon is meant whichever panel is emptied. It goes first: the bar
+  // paints a new text at once, and would paint the panel again for the icon.
   if (text.empty()) SetIcon(kMessagePanel, 0, L"");
+  if (!isMessage || !m_menuExplanationShown) SendText(text, static_cast<std::size_t>(panel | flags));
 }
 
 void StatusBar::SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName) {
