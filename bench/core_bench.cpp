@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/limits.h"
 #include "bench/measure.h"
 #include "bench/mspack_memory.h"
 #include "bench/output_bench.h"
@@ -25,10 +26,9 @@
 namespace {
 
 using namespace kvez;
-using bench::AtLeast;
-using bench::AtMost;
 using bench::BestOf;
 using bench::BestOfUnequal;
+using bench::Limits;
 using bench::Pair;
 using bench::Seconds;
 using fakes::Bytes;
@@ -106,7 +106,7 @@ class LikeSearch {
   sqlite3_stmt* m_select = nullptr;
 };
 
-void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names) {
+void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names, Limits& limits) {
   LikeSearch like(names);
   CountingList list;
   std::wstring description;
@@ -122,17 +122,19 @@ void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names)
         [&] { found = like.Count(search.theirs); });
     const std::string what = "name search " + Utf8(search.ours) + " (" + std::to_string(list.rows) + " rows, LIKE " +
                              std::to_string(found) + ")";
-    AtLeast(what.c_str(), best.second / best.first, 10, "x");
+    limits.AtLeast(what, best.second / best.first, 10, "x");
   }
 }
 
-void MeasureExpansion(const Bytes& compressed) {
+void MeasureExpansion(const Bytes& compressed, Limits& limits) {
   std::size_t ours = 0;
   std::size_t theirs = 0;
   const Pair best = BestOf(
       30, [&] { ours = ExpandSzdd(compressed).bytes.size(); }, [&] { theirs = bench::ExpandWithMspack(compressed); });
-  if (ours != theirs) std::printf("the two expansions differ: %zu and %zu bytes\n", ours, theirs);
-  AtLeast("expansion of vd1.kl_ against libmspack", best.second / best.first, 3, "x");
+  if (ours != theirs) {
+    limits.Fail("the two expansions differ: " + std::to_string(ours) + " and " + std::to_string(theirs) + " bytes");
+  }
+  limits.AtLeast("expansion of vd1.kl_ against libmspack", best.second / best.first, 3, "x");
 }
 
 // The list of all municipalities `times` over, on a machine in memory.
@@ -156,7 +158,7 @@ struct Multiplied {
   clspsc database{machine.Platform(), L""};
 };
 
-void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
+void MeasureGrowth(const Bytes& municipalities, std::size_t rows, Limits& limits) {
   const int times = static_cast<int>(1000000 / rows) + 1;
   Multiplied real(municipalities, 1);
   Multiplied million(municipalities, times);
@@ -164,7 +166,7 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
       5, times, [&] { return real.Load(); }, [&] { return million.Load(); });
   std::printf("a list of %zu municipalities: loading %.0f ms\n", rows * static_cast<std::size_t>(times),
               load.second * 1e3);
-  AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
+  limits.AtMost("loading per record, a million against the real list", load.second / load.first / times, 1.5, "x");
   // Each mode reads the names in its own way, and one that keeps the limit says nothing about the others.
   // Nobody repeats one search fifty times: the others in between keep the processor from learning the short list by
   // heart.
@@ -177,7 +179,7 @@ void MeasureGrowth(const Bytes& municipalities, std::size_t rows) {
     const Pair search = BestOfUnequal(5, times, searchReal, [&] { return million.Search(text); });
     const std::string what = "searching per record, " + Utf8(text) + " (" + Microseconds(search.first) + ", " +
                              Microseconds(search.second) + ")";
-    AtMost(what.c_str(), search.second / search.first / times, 1.5, "x");
+    limits.AtMost(what, search.second / search.first / times, 1.5, "x");
   }
 }
 
@@ -207,15 +209,16 @@ int main(int count, char** arguments) {
   loaded->Database().pscVyberVse(all, progress);
   std::printf("%zu municipalities\n", all.names.size());
 
-  MeasureNameSearch(loaded->Database(), all.names);
-  MeasureExpansion(*compressed);
+  Limits limits;
+  MeasureNameSearch(loaded->Database(), all.names, limits);
+  MeasureExpansion(*compressed, limits);
   double reading = 1e9;
   for (int round = 0; round < 20; ++round) {
     reading = std::min(reading, Seconds([&] { loaded = std::make_unique<LoadedDatabase>(folder); }));
   }
-  AtMost("reading all three files", reading * 1e3, 5, "ms");
-  MeasureGrowth(municipalities, all.names.size());
-  bench::MeasureListText(loaded->Database());
-  AtMost("memory of the loaded database", mebibytes, 10, "MiB");
-  return 0;
+  limits.AtMost("reading all three files", reading * 1e3, 5, "ms");
+  MeasureGrowth(municipalities, all.names.size(), limits);
+  bench::MeasureListText(loaded->Database(), limits);
+  limits.AtMost("memory of the loaded database", mebibytes, 10, "MiB");
+  return limits.Finish();
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <functional>
 
-/// Measuring, and printing a figure beside its limit.
+/// Measuring what computes.
 namespace kvez::bench {
 
 /// The processor time of this thread: what other programs take meanwhile does not count. All that is measured here
@@ -47,14 +46,6 @@ inline Pair BestOfUnequal(int rounds, int times, const std::function<double()>& 
     best.second = std::min(best.second, timesAsLong());
   }
   return best;
-}
-
-inline void AtLeast(const char* what, double figure, double limit, const char* unit) {
-  std::printf("%-58s %9.2f %-4s at least %6.2f  %s\n", what, figure, unit, limit, figure >= limit ? "ok" : "TOO SLOW");
-}
-
-inline void AtMost(const char* what, double figure, double limit, const char* unit) {
-  std::printf("%-58s %9.2f %-4s at most  %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO MUCH");
 }
 
 }  // namespace kvez::bench

@@ -57,7 +57,7 @@ class Listed {
 
 }  // namespace
 
-void MeasureListText(clspsc& source) {
+void MeasureListText(clspsc& source, Limits& limits) {
   constexpr int kTimes = 10;
   const Files files(source);
   Listed real(files, 1);
@@ -65,8 +65,8 @@ void MeasureListText(clspsc& source) {
   const Pair best = BestOfUnequal(
       10, kTimes, [&] { return real.Copy(); }, [&] { return tenfold.Copy(); });
   const std::string what = "list text of " + std::to_string(real.Rows()) + " rows";
-  AtMost(what.c_str(), best.first * 1e3, 50, "ms");
-  AtMost("list text per row, ten times the rows", best.second / best.first / kTimes, 1.5, "x");
+  limits.AtMost(what, best.first * 1e3, 50, "ms");
+  limits.AtMost("list text per row, ten times the rows", best.second / best.first / kTimes, 1.5, "x");
 }
 
 }  // namespace kvez::bench

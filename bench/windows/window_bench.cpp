@@ -6,16 +6,16 @@
 // which wait for other processes hundreds of times, the median counts; of the rest the best, which nothing else has
 // disturbed.
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
-#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "bench/limits.h"
+#include "bench/windows/one_frame.h"
+#include "bench/windows/stopwatch.h"
 #include "bench/windows/windows_machine.h"
 #include "mainwindow/frmhlavni.h"
 #include "platform/windows/windows_automation.h"
@@ -27,28 +27,11 @@
 namespace {
 
 using namespace kvez;
+using namespace kvez::bench;
 using namespace kvez::test;
 
 constexpr int kRounds = 15;
 constexpr int kStarts = 25;
-
-double Seconds(const std::function<void()>& action) {
-  const auto start = std::chrono::steady_clock::now();
-  action();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Best(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
-
-void Report(const char* what, double figure, double limit, const char* unit) {
-  std::printf("%-52s %8.2f %-3s limit %6.2f  %s\n", what, figure, unit, limit, figure <= limit ? "ok" : "TOO SLOW");
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
 
 // The starts of one program: from the start of the process to the moment when the user may type. The end of the process
 // is not counted.
@@ -69,9 +52,7 @@ class Starts {
     if (!ready) std::printf("the %s did not start: error %lu\n", m_what, GetLastError());
   }
 
-  double Milliseconds() const {
-    return m_seconds.empty() ? std::numeric_limits<double>::infinity() : Median(m_seconds) * 1000;
-  }
+  double Milliseconds() const { return Median(m_seconds) * 1000; }
 
  private:
   const char* m_what;
@@ -109,7 +90,7 @@ void StartBareWindow(const std::wstring& exe, const std::wstring& folder, Starts
   CloseHandle(process.hProcess);
 }
 
-void MeasureStart(const std::wstring& exe, const std::wstring& bare) {
+void MeasureStart(const std::wstring& exe, const std::wstring& bare, Limits& limits) {
   Starts program("program");
   Starts bareWindow("bare window");
   for (int round = 0; round < kStarts; ++round) {
@@ -117,7 +98,7 @@ void MeasureStart(const std::wstring& exe, const std::wstring& bare) {
     StartBareWindow(bare, std::filesystem::path(exe).parent_path().wstring(), bareWindow);
   }
   std::printf("start: program %.0f ms, bare window %.0f ms\n", program.Milliseconds(), bareWindow.Milliseconds());
-  Report("start to ready, against a bare window", program.Milliseconds() / bareWindow.Milliseconds(), 1.5, "x");
+  limits.AtMost("start to ready, against a bare window", program.Milliseconds() / bareWindow.Milliseconds(), 1.5, "x");
 }
 
 void FillBare(HWND list, const std::vector<std::wstring>& names) {
@@ -130,21 +111,11 @@ void FillBare(HWND list, const std::vector<std::wstring>& names) {
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
 }
 
-void MeasureWindow(const std::wstring& exe) {
-  WindowsMachine machine;
-  clspsc database(machine.Platform(), std::filesystem::path(exe).parent_path().wstring());
-  WindowsDownloader downloader;
-  WindowsHelpViewer help([] { return HWND{}; });
-  WindowsShell shell;
-  WindowsAutomation automation;
-  frmhlavni window(database, machine.Platform(), machine.clock,
-                   {downloader, help, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
-  window.Load();
-  forms::DoEvents();
-
+void MeasureFilling(frmhlavni& window, clspsc& database, Limits& limits) {
   std::vector<std::wstring> names;
-  for (int row = 0; row < window.lstMPSC[kListAll].ListCount(); ++row)
+  for (int row = 0; row < window.lstMPSC[kListAll].ListCount(); ++row) {
     names.push_back(window.lstMPSC[kListAll].List(row));
+  }
   const HWND bare =
       CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY,
                       0, 0, 200, 200, window.Handle(), nullptr, nullptr, nullptr);
@@ -158,20 +129,23 @@ void MeasureWindow(const std::wstring& exe) {
   }
   DestroyWindow(bare);
   std::printf("filling %zu rows: ours %.1f ms, bare %.1f ms\n", names.size(), Best(ours) * 1000, Best(plain) * 1000);
-  Report("filling the list of all, against a bare filling", Best(ours) / Best(plain), 1.3, "x");
+  limits.AtMost("filling the list of all, against a bare filling", Best(ours) / Best(plain), 1.3, "x");
+}
 
-  std::vector<double> searches;
-  for (int round = 0; round < kRounds; ++round) {
-    window.optMPSC[kModeName].SetValue(true);
-    window.txtMPSC[0].SetText(L"*a*");
-    searches.push_back(Seconds([&] {
-      window.VyhledejSeznam();
-      UpdateWindow(window.Handle());
-      window.lstMPSC[kListResult].Refresh();
-    }));
-  }
-  std::printf("search *a* found %d rows\n", window.lstMPSC[kListResult].ListCount());
-  Report("search of everything (*a*), Enter to painted list", Best(searches) * 1000, 100, "ms");
+void MeasureWindow(const std::wstring& exe, Limits& limits) {
+  WindowsMachine machine;
+  clspsc database(machine.Platform(), std::filesystem::path(exe).parent_path().wstring());
+  WindowsDownloader downloader;
+  WindowsHelpViewer help([] { return HWND{}; });
+  WindowsShell shell;
+  WindowsAutomation automation;
+  frmhlavni window(database, machine.Platform(), machine.clock,
+                   {downloader, help, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
+  machine.window = window.Handle();
+  window.Load();
+  forms::DoEvents();
+  MeasureFilling(window, database, limits);
+  MeasureOneFrame(window, database, limits);
 }
 
 }  // namespace
@@ -181,7 +155,10 @@ int wmain(int count, wchar_t** arguments) {
     std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE\n");
     return 1;
   }
-  MeasureStart(arguments[1], arguments[2]);
-  MeasureWindow(arguments[1]);
-  return 0;
+  Limits limits;
+  MeasureStart(arguments[1], arguments[2], limits);
+  MeasureWindow(arguments[1], limits);
+  // The program's file comes with its resources, its libraries are the system's.
+  limits.AtMost("size of kvez.exe", static_cast<double>(std::filesystem::file_size(arguments[1])), 1000000, "B");
+  return limits.Finish();
 }

@@ -19,14 +19,16 @@ namespace kvez {
 struct WindowsMachine {
   kvez::Platform Platform() { return {messages, settings, lz, files, formats, output.Services()}; }
 
-  WindowsMessageDialog messages{[] { return HWND{}; }};
+  /// In front of which messages appear and to which the clipboard belongs.
+  HWND window = nullptr;
+  WindowsMessageDialog messages{[this] { return window; }};
   WindowsSettingsStore settings;
   WindowsLzLibrary lz;
   WindowsFiles files;
   WindowsFormats formats;
   WindowsClock clock;
   WindowsVersionInformation version;
-  WindowsOutput output{clock, version, [] { return HWND{}; }, &forms::DoEvents, L"Kvez"};
+  WindowsOutput output{clock, version, [this] { return window; }, &forms::DoEvents, L"Kvez"};
 };
 
 class NoProgress : public ProgressWindow {
