@@ -67,7 +67,10 @@ void RandomInput::SendEvent(const Program& program) {
 void RandomInput::SendKey(const Program& program, WORD key) {
   const bool shift = Pick(0, 7) == 0;
   const bool presses = key == VK_RETURN || key == VK_SPACE;
-  if (!presses || TakesKeys(program)) PressKey(key, false, shift);
+  if (presses && !TakesKeys(program)) return;
+  PressKey(key, false, shift);
+  // A key that still waited may have moved the focus to a button whose question the next letter would answer.
+  if (presses) WorkOff(program);
 }
 
 POINT RandomInput::PlaceBesideCommands(const Program& program) {
@@ -88,31 +91,32 @@ POINT RandomInput::PlaceBesideCommands(const Program& program) {
 
 bool RandomInput::Settle(const Program& program) {
   return WaitUntil(
-      [&] {
-        if (program.HasEnded()) return false;
-        DWORD_PTR ignored = 0;
-        const bool answers =
-            SendMessageTimeoutW(program.MainWindow(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 2000, &ignored) != 0;
-        if (const auto dialog = program.OpenDialog()) {
-          // No at a question, OK at a message.
-          program.Answer(*dialog, GetDlgItem(dialog->window, IDNO) != nullptr ? IDNO : IDOK);
-          return false;
-        }
-        // The keyboard reaches the command buttons, too.
-        if (const HWND settings = FindWindowW(L"KvezNastaveni", nullptr)) {
-          PostMessageW(settings, WM_CLOSE, 0, 0);
-          return false;
-        }
-        GUITHREADINFO information{};
-        information.cbSize = sizeof information;
-        GetGUIThreadInfo(GetWindowThreadProcessId(program.MainWindow(), nullptr), &information);
-        if ((information.flags & GUI_INMENUMODE) != 0) {
-          PressKey(VK_ESCAPE);
-          return false;
-        }
-        return answers;
-      },
-      60.0);
+             [&] {
+               if (program.HasEnded()) return true;  // will never settle; said at once
+               DWORD_PTR ignored = 0;
+               const bool answers =
+                   SendMessageTimeoutW(program.MainWindow(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 2000, &ignored) != 0;
+               if (const auto dialog = program.OpenDialog()) {
+                 // No at a question, OK at a message.
+                 program.Answer(*dialog, GetDlgItem(dialog->window, IDNO) != nullptr ? IDNO : IDOK);
+                 return false;
+               }
+               // The keyboard reaches the command buttons, too.
+               if (const HWND settings = FindWindowW(L"KvezNastaveni", nullptr)) {
+                 PostMessageW(settings, WM_CLOSE, 0, 0);
+                 return false;
+               }
+               GUITHREADINFO information{};
+               information.cbSize = sizeof information;
+               GetGUIThreadInfo(GetWindowThreadProcessId(program.MainWindow(), nullptr), &information);
+               if ((information.flags & GUI_INMENUMODE) != 0) {
+                 PressKey(VK_ESCAPE);
+                 return false;
+               }
+               return answers;
+             },
+             60.0) &&
+         !program.HasEnded();
 }
 
 // Messages overtake input that still waits, and a waiting Enter would answer the next question. Keys keep their
