@@ -125,15 +125,16 @@ bool RandomInput::Settle(const Program& program) {
 bool RandomInput::WorkOff(const Program& program) {
   static constexpr wchar_t kMark[] = L"xzx";
   return WaitUntil(
-      [&] {
-        if (!Settle(program)) return false;
-        SetForegroundWindow(program.MainWindow());
-        PressKey('P', true);
-        PressKey('M', true);
-        TypeText(kMark);
-        return HoldsWithin(2.0, [&] { return program.Text(kTxtMPSC) == kMark; });
-      },
-      60.0);
+             [&] {
+               if (!Settle(program)) return program.HasEnded();
+               SetForegroundWindow(program.MainWindow());
+               PressKey('P', true);
+               PressKey('M', true);
+               TypeText(kMark);
+               return HoldsWithin(2.0, [&] { return program.Text(kTxtMPSC) == kMark; });
+             },
+             60.0) &&
+         !program.HasEnded();
 }
 
 }  // namespace kvez::test
