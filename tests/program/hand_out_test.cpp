@@ -199,7 +199,7 @@ TEST_F(HandOut, PrintsNothingWithoutAPrinter) {
   Search();
   Choose(MenuCommand::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
   ExpectThatItIsDone();
-  EXPECT_FALSE(program->IsShown(kPicMPSCPI));
+  EXPECT_TRUE(WaitUntil([&] { return !program->IsShown(kPicMPSCPI); }));
 }
 
 class HandOutMail : public HandOut {

@@ -48,6 +48,14 @@ ssize_t write(int descriptor, const void* bytes, std::size_t count) {
   return write(descriptor, altered.data(), count);
 }
 
+ssize_t pwrite(int descriptor, const void* bytes, std::size_t count, off_t offset) {
+  const auto pwrite = TheSystems<ssize_t(int, const void*, std::size_t, off_t)>("pwrite");
+  if (count == 0 || !IsAltered(descriptor)) return pwrite(descriptor, bytes, count, offset);
+  std::string altered(static_cast<const char*>(bytes), count);
+  altered.front() = static_cast<char>(~altered.front());
+  return pwrite(descriptor, altered.data(), count, offset);
+}
+
 ssize_t writev(int descriptor, const iovec* pieces, int count) {
   if (!IsAltered(descriptor)) return TheSystems<ssize_t(int, const iovec*, int)>("writev")(descriptor, pieces, count);
   std::string bytes;
