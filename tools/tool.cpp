@@ -94,13 +94,6 @@ std::string CurrentFailure() {
   }
 }
 
-std::string InApostrophes(std::wstring_view text) { return ToUtf8(L"'" + std::wstring(text) + L"'"); }
-
-std::string HexByte(std::uint8_t byte) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  return {'0', 'x', digits[byte >> 4], digits[byte & 0x0FU]};
-}
-
 int RunTool(const std::vector<std::wstring>& arguments, std::ostream& out, std::ostream& error) {
   try {
     Run(arguments, out);
