@@ -10,9 +10,10 @@ class TextFiles {
  public:
   virtual ~TextFiles() = default;
 
-  /// Creates the file, or empties the one that is there, and writes `text` as it stands. A character that the code
-  /// page lacks becomes its default character. Throws std::runtime_error when the file cannot be created or written
-  /// whole; what was written until then stays.
+  /// Creates the file, or replaces the one that is there, with `text` as it stands. A character that the code page
+  /// lacks becomes its default character. The one that is there stays whole until the new one is, also when the program
+  /// ends in the middle; only where it cannot be replaced it is written itself. Throws std::runtime_error when neither
+  /// can be.
   virtual void Write(const std::wstring& path, std::wstring_view text) = 0;
 };
 

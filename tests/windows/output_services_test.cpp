@@ -100,6 +100,31 @@ TEST(SystemTextFiles, WriteTheSystemCodePage) {
   EXPECT_EQ(folder.Read("soubor.txt"), "\x8e\xef\xe1r\r\n\xa9 \xe8");
 }
 
+// Whoever has the older file open still reads it to its end: a new one has taken its name.
+TEST(SystemTextFiles, ReplaceTheOlderFileAsAWhole) {
+  const TemporaryFolder folder;
+  folder.Write("soubor.txt", std::string("older"));
+  folder.Write("soubor.txt.kvez", std::string("left behind by a violent end"));
+  const std::wstring path = (folder.Path() / "soubor.txt").wstring();
+  const OwnedFile older(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr));
+  WindowsTextFiles().Write(path, L"new");
+  char text[32] = {};
+  DWORD read = 0;
+  ASSERT_TRUE(ReadFile(older.Get(), text, sizeof text, &read, nullptr));
+  EXPECT_EQ(std::string(text, read), "older");
+  EXPECT_EQ(folder.Read("soubor.txt"), "new");
+  EXPECT_EQ(folder.Read("soubor.txt.kvez"), "(missing)");
+}
+
+TEST(SystemTextFiles, WriteIntoAFileThatCannotBeReplaced) {
+  const TemporaryFolder folder;
+  folder.Write("soubor.txt", std::string("longer than what comes next"));
+  std::filesystem::create_directory(folder.Path() / "soubor.txt.kvez");
+  WindowsTextFiles().Write((folder.Path() / "soubor.txt").wstring(), L"x");
+  EXPECT_EQ(folder.Read("soubor.txt"), "x");
+}
+
 TEST(SystemTextFiles, ThrowWhereNoFileCanBe) {
   const TemporaryFolder folder;
   WindowsTextFiles files;
