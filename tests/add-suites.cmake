@@ -1,5 +1,5 @@
-# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. LIST keeps them
-# until the program is built anew.
+# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. SESSION, where it is
+# set, is the folder of their Wine session. LIST keeps them until the program is built anew.
 if(NOT EXISTS ${PROGRAM})
   return()
 endif()
@@ -15,12 +15,20 @@ if(NOT EXISTS ${LIST} OR ${PROGRAM} IS_NEWER_THAN ${LIST})
   foreach(suite IN LISTS suites)
     string(REGEX REPLACE "[\n.]" "" suite "${suite}")
     set(properties "LABELS ${LABEL} TIMEOUT 600")
+    set(environment "")
     if(NOT LABEL STREQUAL core)
-      # One desktop, one pointer, one keyboard.
-      string(APPEND properties " RESOURCE_LOCK desktop")
+      # One desktop, one pointer, one keyboard; each ring has its own.
+      string(APPEND properties " RESOURCE_LOCK ${LABEL}_desktop")
+    endif()
+    if(DEFINED SESSION)
+      list(APPEND environment KVEZ_SESSION=${SESSION})
     endif()
     if(suite MATCHES "^RealPrinter")
-      string(APPEND properties " FIXTURES_REQUIRED print_queue ENVIRONMENT KVEZ_PRINT_QUEUE=1")
+      string(APPEND properties " FIXTURES_REQUIRED ${LABEL}_print_queue")
+      list(APPEND environment KVEZ_PRINT_QUEUE=1)
+    endif()
+    if(environment)
+      string(APPEND properties " ENVIRONMENT \"${environment}\"")
     endif()
     string(APPEND text "add_test(${suite} ${LAUNCHER} ${PROGRAM} --gtest_filter=${suite}.*)\n"
            "set_tests_properties(${suite} PROPERTIES ${properties})\n")

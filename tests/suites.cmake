@@ -1,12 +1,19 @@
-# kvez_discover_suites(<target> <label>): CTest gets one entry for each suite of a test program. A process a test cost
+# kvez_discover_suites(<target> <label> [<session>]): CTest gets one entry for each suite of a test program. A process a test cost
 # nine minutes under Wine where a process a suite costs one; a suite that crashes still takes no other along.
+#
+# The suites run in the Wine session of the folder <session>, or in that of build/wine.
 #
 # The suites are asked from the program when CTest starts, because the build may not be able to run it.
 function(kvez_discover_suites target label)
+  set(session "")
+  if(ARGN)
+    set(session "set(SESSION \"${ARGN}\")")
+  endif()
   set(include ${CMAKE_CURRENT_BINARY_DIR}/${target}-suites-include.cmake)
   file(GENERATE OUTPUT ${include} CONTENT "set(PROGRAM \"$<TARGET_FILE:${target}>\")
 set(LAUNCHER \"${CMAKE_CROSSCOMPILING_EMULATOR}\")
 set(LABEL ${label})
+${session}
 set(LIST \"${CMAKE_CURRENT_BINARY_DIR}/${target}-suites.cmake\")
 include(\"${CMAKE_CURRENT_FUNCTION_LIST_DIR}/add-suites.cmake\")
 ")

@@ -8,7 +8,7 @@
 namespace kvez {
 namespace {
 
-struct Case {
+struct Pattern {
   const wchar_t* typed;
   NameMode mode;
   const wchar_t* text;
@@ -16,9 +16,9 @@ struct Case {
   const wchar_t* description;
 };
 
-void PrintTo(const Case& tried, std::ostream* out) { *out << testing::PrintToString(std::wstring(tried.typed)); }
+void PrintTo(const Pattern& tried, std::ostream* out) { *out << testing::PrintToString(std::wstring(tried.typed)); }
 
-class NamePatternOf : public testing::TestWithParam<Case> {};
+class NamePatternOf : public testing::TestWithParam<Pattern> {};
 
 TEST_P(NamePatternOf, ATypedText) {
   const auto pattern = ParseNamePattern(GetParam().typed);
@@ -31,41 +31,44 @@ TEST_P(NamePatternOf, ATypedText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Modes, NamePatternOf,
-    testing::Values(Case{L"*raha*", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
-                    Case{L"*raha", NameMode::EndsWith, L"raha", L"", L"Název končí \"raha\"."},
-                    Case{L"Praha*", NameMode::BeginsWith, L"Praha", L"", L"Název začíná \"Praha\"."},
-                    Case{L"Pr*ha", NameMode::BeginsAndEndsWith, L"Pr", L"ha", L"Název začíná \"Pr\" a končí \"ha\"."},
-                    Case{L"Praha", NameMode::Whole, L"Praha", L"", L"Název obce \"Praha\"."}));
+    testing::Values(Pattern{L"*raha*", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
+                    Pattern{L"*raha", NameMode::EndsWith, L"raha", L"", L"Název končí \"raha\"."},
+                    Pattern{L"Praha*", NameMode::BeginsWith, L"Praha", L"", L"Název začíná \"Praha\"."},
+                    Pattern{L"Pr*ha", NameMode::BeginsAndEndsWith, L"Pr", L"ha",
+                            L"Název začíná \"Pr\" a končí \"ha\"."},
+                    Pattern{L"Praha", NameMode::Whole, L"Praha", L"", L"Název obce \"Praha\"."}));
 
 INSTANTIATE_TEST_SUITE_P(
     QuestionMarks, NamePatternOf,
-    testing::Values(Case{L"?raha?", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
-                    Case{L"*raha?", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
-                    Case{L"?raha", NameMode::EndsWith, L"raha", L"", L"Název končí \"raha\"."},
-                    Case{L"Praha?", NameMode::BeginsWith, L"Praha", L"", L"Název začíná \"Praha\"."},
-                    Case{L"Pr?ha", NameMode::BeginsAndEndsWith, L"Pr", L"ha", L"Název začíná \"Pr\" a končí \"ha\"."}));
+    testing::Values(Pattern{L"?raha?", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
+                    Pattern{L"*raha?", NameMode::Contains, L"raha", L"", L"Název obsahuje \"raha\"."},
+                    Pattern{L"?raha", NameMode::EndsWith, L"raha", L"", L"Název končí \"raha\"."},
+                    Pattern{L"Praha?", NameMode::BeginsWith, L"Praha", L"", L"Název začíná \"Praha\"."},
+                    Pattern{L"Pr?ha", NameMode::BeginsAndEndsWith, L"Pr", L"ha",
+                            L"Název začíná \"Pr\" a končí \"ha\"."}));
 
 // Only the first asterisk counts, or the first question mark where there is no asterisk; its place decides.
 INSTANTIATE_TEST_SUITE_P(
     SeveralWildcards, NamePatternOf,
-    testing::Values(Case{L"a*b*", NameMode::BeginsAndEndsWith, L"a", L"b*", L"Název začíná \"a\" a končí \"b*\"."},
-                    Case{L"a*b*c", NameMode::BeginsAndEndsWith, L"a", L"b*c", L"Název začíná \"a\" a končí \"b*c\"."},
-                    Case{L"*a*b", NameMode::EndsWith, L"a*b", L"", L"Název končí \"a*b\"."},
-                    Case{L"*a*b*", NameMode::Contains, L"a*b", L"", L"Název obsahuje \"a*b\"."},
-                    Case{L"?a*b", NameMode::BeginsAndEndsWith, L"?a", L"b", L"Název začíná \"?a\" a končí \"b\"."},
-                    Case{L"?a*b?", NameMode::BeginsAndEndsWith, L"?a", L"b?", L"Název začíná \"?a\" a končí \"b?\"."},
-                    Case{L"?a*", NameMode::Contains, L"a", L"", L"Název obsahuje \"a\"."},
-                    Case{L"a?b*", NameMode::BeginsWith, L"a?b", L"", L"Název začíná \"a?b\"."},
-                    Case{L"a**", NameMode::BeginsAndEndsWith, L"a", L"*", L"Název začíná \"a\" a končí \"*\"."},
-                    Case{L"**a", NameMode::EndsWith, L"*a", L"", L"Název končí \"*a\"."},
-                    Case{L"?a?b", NameMode::EndsWith, L"a?b", L"", L"Název končí \"a?b\"."}));
+    testing::Values(
+        Pattern{L"a*b*", NameMode::BeginsAndEndsWith, L"a", L"b*", L"Název začíná \"a\" a končí \"b*\"."},
+        Pattern{L"a*b*c", NameMode::BeginsAndEndsWith, L"a", L"b*c", L"Název začíná \"a\" a končí \"b*c\"."},
+        Pattern{L"*a*b", NameMode::EndsWith, L"a*b", L"", L"Název končí \"a*b\"."},
+        Pattern{L"*a*b*", NameMode::Contains, L"a*b", L"", L"Název obsahuje \"a*b\"."},
+        Pattern{L"?a*b", NameMode::BeginsAndEndsWith, L"?a", L"b", L"Název začíná \"?a\" a končí \"b\"."},
+        Pattern{L"?a*b?", NameMode::BeginsAndEndsWith, L"?a", L"b?", L"Název začíná \"?a\" a končí \"b?\"."},
+        Pattern{L"?a*", NameMode::Contains, L"a", L"", L"Název obsahuje \"a\"."},
+        Pattern{L"a?b*", NameMode::BeginsWith, L"a?b", L"", L"Název začíná \"a?b\"."},
+        Pattern{L"a**", NameMode::BeginsAndEndsWith, L"a", L"*", L"Název začíná \"a\" a končí \"*\"."},
+        Pattern{L"**a", NameMode::EndsWith, L"*a", L"", L"Název končí \"*a\"."},
+        Pattern{L"?a?b", NameMode::EndsWith, L"a?b", L"", L"Název končí \"a?b\"."}));
 
 INSTANTIATE_TEST_SUITE_P(Shortest, NamePatternOf,
-                         testing::Values(Case{L"a*", NameMode::BeginsWith, L"a", L"", L"Název začíná \"a\"."},
-                                         Case{L"*a", NameMode::EndsWith, L"a", L"", L"Název končí \"a\"."},
-                                         Case{L"***", NameMode::Contains, L"*", L"", L"Název obsahuje \"*\"."},
-                                         Case{L"*a*", NameMode::Contains, L"a", L"", L"Název obsahuje \"a\"."},
-                                         Case{L"a", NameMode::Whole, L"a", L"", L"Název obce \"a\"."}));
+                         testing::Values(Pattern{L"a*", NameMode::BeginsWith, L"a", L"", L"Název začíná \"a\"."},
+                                         Pattern{L"*a", NameMode::EndsWith, L"a", L"", L"Název končí \"a\"."},
+                                         Pattern{L"***", NameMode::Contains, L"*", L"", L"Název obsahuje \"*\"."},
+                                         Pattern{L"*a*", NameMode::Contains, L"a", L"", L"Název obsahuje \"a\"."},
+                                         Pattern{L"a", NameMode::Whole, L"a", L"", L"Název obce \"a\"."}));
 
 TEST(NamePatternRefused, WildcardsAlone) {
   for (const wchar_t* typed : {L"*", L"?", L"**", L"*?", L"?*", L"??"}) {

@@ -104,7 +104,7 @@ class World {
   TemporaryFolder output;
 };
 
-struct Operation {
+struct ToolCommand {
   const char* name;
   std::function<void(const World&)> prepare;
   std::vector<const wchar_t*> arguments;  // the paths are names in the world's folder, marked by "@"
@@ -118,7 +118,7 @@ struct Operation {
   }
 };
 
-std::ostream& operator<<(std::ostream& stream, const Operation& operation) { return stream << operation.name; }
+std::ostream& operator<<(std::ostream& stream, const ToolCommand& command) { return stream << command.name; }
 
 void Nothing(const World&) {}
 
@@ -134,23 +134,23 @@ void CompressThenChange(const World& world) {
   world.folder.Write("list.csv", kList + "other");
 }
 
-/// What a folder holds before and after an operation, and what it prints.
+/// What a folder holds before and after a command, and what it prints.
 struct Expected {
   Tree before;
   Tree after;
   std::string out;
 };
 
-class EveryToolFailure : public testing::TestWithParam<Operation> {
+class EveryToolFailure : public testing::TestWithParam<ToolCommand> {
  protected:
   EveryToolFailure() : m_expected(Expect(GetParam())) {}
 
-  static Expected Expect(const Operation& operation) {
+  static Expected Expect(const ToolCommand& command) {
     World world;
-    operation.prepare(world);
+    command.prepare(world);
     Expected expected;
     expected.before = TreeOf(world.folder.Path());
-    const ToolRun run = world.Run(operation.Arguments(world));
+    const ToolRun run = world.Run(command.Arguments(world));
     EXPECT_EQ(run.error, "");
     EXPECT_EQ(run.status, 0);
     expected.after = TreeOf(world.folder.Path());
@@ -304,17 +304,17 @@ TEST_P(EveryKill, WhileTheOldFilesArePutBackLeavesOneSetOfFiles) {
   }
 }
 
-const Operation kBuildAnew = {"BuildAnew", Nothing, {L"build", L"@data", L"@out"}};
-const Operation kBuildOver = {"BuildOver", BuildThenChange, {L"build", L"@data", L"@out"}};
-const Operation kImportAnew = {"ImportAnew", Nothing, {L"import", L"@list.csv", L"@tables"}};
-const Operation kImportOver = {"ImportOver", Nothing, {L"import", L"@list.csv", L"@data"}};
-const Operation kCompressAnew = {"CompressAnew", Nothing, {L"compress", L"@list.csv", L"@packed"}};
-const Operation kExpandOver = {"ExpandOver", CompressThenChange, {L"expand", L"@packed", L"@list.csv"}};
-const Operation kCheck = {"Check", Build, {L"check", L"@out", L"--strict"}};
-const Operation kListing = {"List", Build, {L"list", L"@out", L"offices"}};
-const Operation kSearch = {"Search", Build, {L"search", L"@out", L"name", L"*e*"}};
+const ToolCommand kBuildAnew = {"BuildAnew", Nothing, {L"build", L"@data", L"@out"}};
+const ToolCommand kBuildOver = {"BuildOver", BuildThenChange, {L"build", L"@data", L"@out"}};
+const ToolCommand kImportAnew = {"ImportAnew", Nothing, {L"import", L"@list.csv", L"@tables"}};
+const ToolCommand kImportOver = {"ImportOver", Nothing, {L"import", L"@list.csv", L"@data"}};
+const ToolCommand kCompressAnew = {"CompressAnew", Nothing, {L"compress", L"@list.csv", L"@packed"}};
+const ToolCommand kExpandOver = {"ExpandOver", CompressThenChange, {L"expand", L"@packed", L"@list.csv"}};
+const ToolCommand kCheck = {"Check", Build, {L"check", L"@out", L"--strict"}};
+const ToolCommand kListing = {"List", Build, {L"list", L"@out", L"offices"}};
+const ToolCommand kSearch = {"Search", Build, {L"search", L"@out", L"name", L"*e*"}};
 
-std::string NameOf(const testing::TestParamInfo<Operation>& test) { return test.param.name; }
+std::string NameOf(const testing::TestParamInfo<ToolCommand>& test) { return test.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Tool, EveryToolFailure,
                          testing::Values(kBuildAnew, kBuildOver, kImportAnew, kImportOver, kCompressAnew, kExpandOver,

@@ -4,7 +4,7 @@
 
 #include "platform/windows/owned.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 
 /// A picture in memory to draw windows on, to be looked at by people.
 class BitmapSheet {
@@ -72,4 +72,4 @@ class BitmapSheet {
   HGDIOBJ m_previous = nullptr;
 };
 
-}  // namespace kvez::testing
+}  // namespace kvez::test

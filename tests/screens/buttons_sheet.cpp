@@ -10,7 +10,7 @@
 #include "tests/screens/bitmap_sheet.h"
 #include "tests/support/window_test.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 namespace {
 
 constexpr int kLeftTwips = 1800;
@@ -108,11 +108,11 @@ bool DrawSheet(unsigned dpi, const wchar_t* path) {
 }
 
 }  // namespace
-}  // namespace kvez::testing
+}  // namespace kvez::test
 
 int wmain(int count, wchar_t** arguments) {
   if (count != 3) return 2;
   const int dpi = _wtoi(arguments[1]);
   if (dpi < 96 || dpi > 480) return 2;
-  return kvez::testing::DrawSheet(static_cast<unsigned>(dpi), arguments[2]) ? 0 : 1;
+  return kvez::test::DrawSheet(static_cast<unsigned>(dpi), arguments[2]) ? 0 : 1;
 }

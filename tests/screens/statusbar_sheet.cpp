@@ -6,7 +6,7 @@
 #include "platform/portable/portable_formats.h"
 #include "tests/screens/bitmap_sheet.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 namespace {
 
 class StandingClock : public Clock {
@@ -67,9 +67,9 @@ bool DrawSheet(const wchar_t* path) {
 }
 
 }  // namespace
-}  // namespace kvez::testing
+}  // namespace kvez::test
 
 int wmain(int count, wchar_t** arguments) {
   if (count != 2) return 2;
-  return kvez::testing::DrawSheet(arguments[1]) ? 0 : 1;
+  return kvez::test::DrawSheet(arguments[1]) ? 0 : 1;
 }

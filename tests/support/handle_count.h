@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <ostream>
 
-namespace kvez::testing {
+namespace kvez::test {
 
 /// The GDI and USER objects of this process. Compare two counts around many repetitions, after a first round that
 /// lets the system fill its caches.
@@ -107,4 +107,4 @@ inline HandleCount CountHandles() {
   return count;
 }
 
-}  // namespace kvez::testing
+}  // namespace kvez::test

@@ -102,23 +102,33 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
   Send(inputs);
 }
 
+// The pointer of the display moves along, which input alone leaves behind: wherever that one is, each window that comes
+// up under it or goes away there draws the pointer back to itself. Only a change reaches the display.
+void HurryPointer(POINT screen) {
+  SetCursorPos(screen.x + 1, screen.y);
+  SetCursorPos(screen.x, screen.y);
+}
+
 void MovePointer(POINT screen) {
-  const int width = GetSystemMetrics(SM_CXSCREEN);
-  const int height = GetSystemMetrics(SM_CYSCREEN);
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  // Absolute coordinates run from 0 to 65535; the half pixel keeps the rounding inside the wanted one.
-  input.mi.dx = static_cast<LONG>((screen.x + 0.5) * 65536.0 / width);
-  input.mi.dy = static_cast<LONG>((screen.y + 0.5) * 65536.0 / height);
-  input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-  SendInput(1, &input, sizeof input);
+  // A busy display moves its pointer late, or refuses to. A program that asks where the pointer is would be told the
+  // former place, and would hear of no movement any more.
+  const auto isThere = [screen] {
+    HurryPointer(screen);
+    // For so long after a movement Wine believes itself, and asks the display from then on.
+    Sleep(105);
+    POINT pointer{};
+    return GetCursorPos(&pointer) && pointer.x == screen.x && pointer.y == screen.y;
+  };
+  WaitUntil(isThere);
+  HurryPointer(screen);
 }
 
 void ClickAt(POINT screen, bool rightButton) {
-  // The pointer of the display moves along: where it is left behind, a window that appears under it draws the click to
-  // itself. Movements alone do without, because they and the display's own come in any order.
-  SetCursorPos(screen.x, screen.y);
   MovePointer(screen);
+  PressButton(rightButton);
+}
+
+void PressButton(bool rightButton) {
   INPUT inputs[2] = {};
   inputs[0].type = inputs[1].type = INPUT_MOUSE;
   inputs[0].mi.dwFlags = static_cast<DWORD>(rightButton ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);

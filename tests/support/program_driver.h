@@ -17,8 +17,12 @@ void TypeText(const std::wstring& text);
 /// focus over to the other box as soon as it goes down, and takes the rest of the text along.
 void TypeTextWithoutShift(const std::wstring& text);
 void PressKey(WORD virtualKey, bool control = false, bool shift = false, bool alt = false);
+/// Moves the pointer, and waits until it is there for every program of the display.
 void MovePointer(POINT screen);
 void ClickAt(POINT screen, bool rightButton = false);
+/// Their parts, for who does not wait: movements that may come late or not at all, and a click wherever the pointer is.
+void HurryPointer(POINT screen);
+void PressButton(bool rightButton = false);
 POINT CentreOf(HWND window);
 
 /// Texts of another process's windows.

@@ -56,10 +56,11 @@ void RandomInput::SendEvent(const Program& program) {
       PressKey(kModes[Pick(0, 2)], true);
       break;
     case 7:
-      MovePointer(PlaceBesideCommands(program));
+      HurryPointer(PlaceBesideCommands(program));
       break;
     default:
-      ClickAt(PlaceBesideCommands(program), Pick(0, 9) == 0);
+      HurryPointer(PlaceBesideCommands(program));
+      PressButton(Pick(0, 9) == 0);
       break;
   }
 }

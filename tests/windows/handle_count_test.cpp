@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kvez::testing {
+namespace kvez::test {
 namespace {
 
 HWND CreateSmallWindow() {
@@ -42,4 +42,4 @@ TEST(HandleCountTest, SeesEveryKindOfObject) {
 }
 
 }  // namespace
-}  // namespace kvez::testing
+}  // namespace kvez::test

@@ -342,9 +342,9 @@ TEST_F(MainWindowCommands, RepetitionLeavesNoHandles) {
     forms::DoEvents();
   };
   for (int i = 0; i < 5; ++i) round();
-  const kvez::testing::HandleCount before = kvez::testing::CountHandles();
+  const kvez::test::HandleCount before = kvez::test::CountHandles();
   for (int i = 0; i < 30; ++i) round();
-  EXPECT_EQ(kvez::testing::CountHandles(), before);
+  EXPECT_EQ(kvez::test::CountHandles(), before);
 }
 
 // Errors of handlers are shown by the guard of the window procedures; these tests collect them.

@@ -94,9 +94,9 @@ TEST_F(RealPrinter, LeavesNoObjectsBehind) {
     m_printer.Reset();
   };
   for (int round = 0; round < 3; ++round) printAndDrop();
-  const auto before = kvez::testing::CountHandles();
+  const auto before = kvez::test::CountHandles();
   for (int round = 0; round < 20; ++round) printAndDrop();
-  EXPECT_EQ(kvez::testing::CountHandles(), before);
+  EXPECT_EQ(kvez::test::CountHandles(), before);
 }
 
 TEST_F(RealPrinter, RefusesOtherSettingsInTheMiddleOfADocument) {

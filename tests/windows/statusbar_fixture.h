@@ -14,7 +14,7 @@
 #include "platform/portable/portable_formats.h"
 #include "tests/support/window_test.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 
 class FakeClock : public Clock {
  public:
@@ -136,4 +136,4 @@ inline std::vector<std::uint32_t> IconPixels(HICON icon) {
   return pixels;
 }
 
-}  // namespace kvez::testing
+}  // namespace kvez::test

@@ -1,6 +1,6 @@
 #include "tests/windows/statusbar_fixture.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 namespace {
 
 TEST_F(StatusBarTest, ExplainsEveryMenuEntry) {
@@ -164,4 +164,4 @@ TEST_F(StatusBarTest, RealMenuIsExplainedWhileItIsOpen) {
 }
 
 }  // namespace
-}  // namespace kvez::testing
+}  // namespace kvez::test

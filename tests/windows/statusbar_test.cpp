@@ -5,7 +5,7 @@
 #include "tests/support/handle_count.h"
 #include "tests/windows/statusbar_fixture.h"
 
-namespace kvez::testing {
+namespace kvez::test {
 namespace {
 
 TEST_F(StatusBarTest, IsAChildAtTheBottomOfItsParent) {
@@ -372,4 +372,4 @@ TEST_F(StatusBarTest, SetTextAfterDestroyDoesNothing) {
 }
 
 }  // namespace
-}  // namespace kvez::testing
+}  // namespace kvez::test

@@ -414,11 +414,11 @@ TEST_F(TlTextPainting, TenThousandRepaintsLeaveNoObjectBehind) {
   button.SetFocus();
   const auto repaint = [this] { RedrawWindow(button.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); };
   for (int i = 0; i < 10; ++i) repaint();
-  const testing::HandleCount before = testing::CountHandles();
+  const test::HandleCount before = test::CountHandles();
   button.TakePaints();
   for (int i = 0; i < 10000; ++i) repaint();
   EXPECT_EQ(button.TakePaints(), 10000);
-  EXPECT_EQ(testing::CountHandles(), before);
+  EXPECT_EQ(test::CountHandles(), before);
 }
 
 }  // namespace
