@@ -2,6 +2,7 @@
 #include "controls/tlText.h"
 #include "forms/access_key.h"
 #include "forms/form.h"
+#include "forms/input_gate.h"
 #include "platform/windows/system_code_page.h"
 
 namespace kvez {
@@ -213,6 +214,8 @@ void tlText::PerformAction(bool applyDefaults) {
     }
     return;
   }
+  // Whatever way the button was pressed: its host may be in the middle of something.
+  if (!forms::TakesInput(OwnerForm())) return;
   switch (m_seMode) {
     case 0:
       if (Click) Click();

@@ -43,6 +43,8 @@ void clspsc::RunSearch(ListBox& list, std::wstring& description, Search search) 
     m_found = false;
     ReleaseResult();
     search();
+    // The row that was too wide for the box may be gone, whatever has ended the search.
+    if (m_resultCount == 0) list.SetHorizontalExtent(0);
   } catch (const std::bad_alloc&) {
     EndWithoutResult(list);
     SelectNoMunicipality();
@@ -56,6 +58,7 @@ void clspsc::RunSearch(ListBox& list, std::wstring& description, Search search) 
 
 void clspsc::EndWithoutResult(ListBox& list) {
   list.Clear();
+  list.SetHorizontalExtent(0);
   m_result = {};
   m_resultCount = 0;
   m_resultCursor = 0;

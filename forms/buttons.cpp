@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "forms/form.h"
+#include "forms/input_gate.h"
 
 namespace kvez::forms {
 namespace {
@@ -60,8 +61,18 @@ bool OptionButton::IsReachable() const {
 bool OptionButton::AccessKeyPress(std::int16_t) {
   if (!EventControl::IsReachable()) return false;
   SetFocus();
-  SetValue(true);
+  Choose();
   return true;
+}
+
+// What the user does, unlike SetValue, which is the program's own.
+void OptionButton::Choose() {
+  if (!TakesInput(OwnerForm())) return;
+  if (!Value()) {
+    SetValue(true);
+  } else if (ChosenAgain) {
+    ChosenAgain();
+  }
 }
 
 bool OptionButton::MoveInGroup(WPARAM virtualKey) {
@@ -74,7 +85,7 @@ bool OptionButton::MoveInGroup(WPARAM virtualKey) {
     if (group[i] != this) continue;
     OptionButton* const next = group[(i + (backwards ? group.size() - 1 : 1)) % group.size()];
     next->SetFocus();
-    next->SetValue(true);
+    next->Choose();
     return true;
   }
   return false;
@@ -82,7 +93,7 @@ bool OptionButton::MoveInGroup(WPARAM virtualKey) {
 
 void OptionButton::OnCommand(UINT notification) {
   // The system's option button reports a click when it only gets the focus. Passing by with Tab must not choose.
-  if (notification == BN_CLICKED && !m_takingFocus) SetValue(true);
+  if (notification == BN_CLICKED && !m_takingFocus) Choose();
 }
 
 LRESULT OptionButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -20,6 +20,8 @@ class OptionButton : public EventControl {
   void SetValue(bool value);
 
   PlainEvent Click;
+  /// The user has chosen the one that is selected already.
+  PlainEvent ChosenAgain;
 
   bool AccessKeyPress(std::int16_t KeyAscii) override;
   bool IsReachable() const override;
@@ -30,6 +32,8 @@ class OptionButton : public EventControl {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  void Choose();
+
   bool m_takingFocus = false;
 };
 

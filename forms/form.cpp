@@ -102,16 +102,29 @@ void Form::Hide() {
 bool Form::Unload(UnloadMode mode) {
   if (!IsOpen()) return true;
   // A second request while the first one still asks its question changes nothing.
-  if (m_unloading) return false;
+  if (m_asking || m_unloading) return false;
+  if (m_closingPauses > 0) {
+    m_closingWaits = true;
+    return false;
+  }
+  const bool agreed = AsksToUnload(mode);
+  // The end of the session may have come while the question was open.
+  if (!IsOpen()) return true;
+  if (!agreed) return false;
   m_unloading = true;
   std::int16_t cancel = 0;
-  const bool asked = Guarded([&] {
-    Form_QueryUnload(cancel, mode);
-    if (cancel == 0) Form_Unload(cancel);
-  });
+  const bool done = Guarded([&] { Form_Unload(cancel); });
   m_unloading = false;
-  if (!asked || cancel != 0) return false;
+  if (!done || cancel != 0) return false;
   return DestroyAndTerminate();
+}
+
+bool Form::AsksToUnload(UnloadMode mode) {
+  std::int16_t cancel = 0;
+  m_asking = true;
+  const bool asked = Guarded([&] { Form_QueryUnload(cancel, mode); });
+  m_asking = false;
+  return asked && cancel == 0;
 }
 
 bool Form::DestroyAndTerminate() {
@@ -198,7 +211,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Unload(UnloadMode::User);
       return 0;
     case WM_DESTROY:
-      // A sent message may be what destroys the form; it does not wake the loop that waits for the form's end.
+      // A sent message may be what destroys the form; it wakes none of the loops around, a dialog's among them.
       PostMessageW(nullptr, WM_NULL, 0, 0);
       return Native(message, wParam, lParam);
     case WM_SIZE:
@@ -260,19 +273,21 @@ void Form::OnTimer(UINT_PTR id) {
 }
 
 LRESULT Form::OnQueryEndSession(bool critical) {
-  // It comes whatever the answer is.
-  if (critical) return TRUE;
-  std::int16_t cancel = 0;
-  Form_QueryUnload(cancel, UnloadMode::SessionEnd);
-  return cancel == 0 ? TRUE : FALSE;
+  // The question is open already, and nobody knows the answer.
+  if (m_asking && !critical) return FALSE;
+  // A critical end comes whatever the answer is.
+  m_sessionEnds = critical || m_unloading || AsksToUnload(UnloadMode::SessionEnd);
+  return m_sessionEnds ? TRUE : FALSE;
 }
 
 void Form::OnEndSession(bool ending) {
+  if (!ending) m_sessionEnds = false;
   if (!ending || !IsOpen() || m_unloading) return;
-  m_unloading = m_sessionEnds = true;
+  // Once this returns, the process may be gone: whatever is open, a question included, everything ends now.
+  m_unloading = true;
   std::int16_t ignored = 0;
   Guarded([&] { Form_Unload(ignored); });
-  m_unloading = m_sessionEnds = false;
+  m_unloading = false;
   DestroyAndTerminate();
 }
 

@@ -54,10 +54,12 @@ class Form : public Window, public Container {
   void Show();
   void Hide();
   /// Asks Form_QueryUnload and Form_Unload, either of which may keep the window, then destroys it and runs
-  /// Form_Terminate. True when the window is gone.
+  /// Form_Terminate. True when the window is gone. While an InputPause makes closing wait, the wish is kept instead.
   bool Unload(UnloadMode mode = UnloadMode::Code);
   /// True from the constructor to Unload.
   bool IsOpen() const { return Handle() != nullptr; }
+  /// True while an InputPause lives, and while the form asks about its end or comes to it.
+  bool IsPaused() const { return m_pauses > 0 || m_asking || m_unloading; }
 
   std::wstring Caption() const;
   void SetCaption(std::wstring_view caption);
@@ -111,14 +113,15 @@ class Form : public Window, public Container {
   /// The client area or the scaling has changed.
   virtual void Form_Resize() {}
 
-  /// True in a Form_Unload that the end of the session has called: Form_QueryUnload was asked before, and nothing is
-  /// left to decide.
+  /// True from the moment when Form_QueryUnload has agreed to the end of the session until the session goes on after
+  /// all. Its end calls Form_Unload only, and what that decides is not looked at.
   bool SessionEnds() const { return m_sessionEnds; }
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
   friend class Control;
+  friend class InputPause;
   friend class Timer;
 
   void Register(Control& control);
@@ -142,6 +145,7 @@ class Form : public Window, public Container {
   LRESULT OnQueryEndSession(bool critical);
   void OnEndSession(bool ending);
   void OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam);
+  bool AsksToUnload(UnloadMode mode);
   bool DestroyAndTerminate();
   void CreateFont();
   void RescaleControls();
@@ -174,9 +178,13 @@ class Form : public Window, public Container {
   bool m_loaded = false;
   bool m_loading = false;
   bool m_shown = false;
-  bool m_unloading = false;
+  bool m_asking = false;     // inside Form_QueryUnload
+  bool m_unloading = false;  // inside Form_Unload
   bool m_sessionEnds = false;
   bool m_keepsFocus = false;
+  int m_pauses = 0;
+  int m_closingPauses = 0;  // those that make closing wait
+  bool m_closingWaits = false;
 };
 
 }  // namespace kvez::forms

@@ -17,7 +17,16 @@ void Handle(const MSG& message) {
 
 void RunMessageLoop(const Form& form) {
   MSG message{};
-  while (form.IsOpen() && GetMessageW(&message, nullptr, 0, 0) > 0) Handle(message);
+  while (form.IsOpen()) {
+    if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      // Not GetMessage: it works off sent messages without returning, and one of them may be what destroys the form, or
+      // has destroyed it just now.
+      if (form.IsOpen()) MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+      continue;
+    }
+    if (message.message == WM_QUIT) return;
+    Handle(message);
+  }
 }
 
 void DoEvents() {

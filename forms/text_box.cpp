@@ -3,6 +3,24 @@
 #include <algorithm>
 
 namespace kvez::forms {
+namespace {
+
+/// Empty when there is no text, or when another program keeps the clipboard.
+std::wstring ClipboardText(HWND window) {
+  std::wstring text;
+  if (!OpenClipboard(window)) return text;
+  if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
+    if (const auto* characters = static_cast<const wchar_t*>(GlobalLock(memory))) {
+      const auto* const end = characters + GlobalSize(memory) / sizeof(wchar_t);
+      text.assign(characters, std::find(characters, end, L'\0'));
+      GlobalUnlock(memory);
+    }
+  }
+  CloseClipboard();
+  return text;
+}
+
+}  // namespace
 
 void TextBox::Create(Container& container, int id, const Place& place, TextBoxStyle style) {
   m_style = style;
@@ -30,6 +48,27 @@ void TextBox::SetText(std::wstring_view text) {
 void TextBox::SetMaxLength(int characters) {
   m_maxLength = characters;
   Native(EM_SETLIMITTEXT, static_cast<WPARAM>(std::max(characters, 0)));
+}
+
+LRESULT TextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_PASTE || !Paste) return EventControl::OnMessage(message, wParam, lParam);
+  PasteText();
+  return 0;
+}
+
+void TextBox::PasteText() {
+  std::wstring text = ClipboardText(Handle());
+  if (text.empty()) return;
+  text = Paste(text);
+  if (m_maxLength > 0) {
+    DWORD first = 0;
+    DWORD end = 0;
+    Native(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&end));
+    const auto kept = static_cast<std::size_t>(Native(WM_GETTEXTLENGTH)) - (end - first);
+    const auto limit = static_cast<std::size_t>(m_maxLength);
+    text.resize(std::min(text.size(), limit - std::min(limit, kept)));
+  }
+  Native(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void TextBox::SelectAll() { Native(EM_SETSEL, 0, -1); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,16 +25,22 @@ class TextBox : public EventControl {
   void SelectAll();
 
   PlainEvent Change;
+  /// What goes into a box of one line instead of a text that is pasted. Without it, that text goes in as the system
+  /// has it: up to its first line end, which may be at its very beginning.
+  std::function<std::wstring(const std::wstring& text)> Paste;
 
   bool HasAccessKey(wchar_t) const override { return false; }
   void OnCommand(UINT notification) override;
 
  protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool OnKeyPress(std::int16_t& keyAscii) override;
   COLORREF DefaultBackColor() const override;
   COLORREF DefaultForeColor() const override;
 
  private:
+  void PasteText();
+
   TextBoxStyle m_style = TextBoxStyle::SingleLine;
   int m_maxLength = 0;
 };

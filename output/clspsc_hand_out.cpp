@@ -30,12 +30,14 @@ bool Write(TextFiles& files, const std::wstring& path, const MakeText& makeText)
 void clspsc::pExport(std::wstring peh) {
   if (m_resultCount == 0) return;
   std::wstring path = AskForExportFolder();
-  if (path.empty()) return;
+  // The session may end over the dialog, or among the messages below, and the list with it.
+  if (path.empty() || m_resultCount == 0) return;
   if (path.back() != L'\\') path += L'\\';
   path += kExportFile;
 
   Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(peh); });
   m_platform.output.pendingMessages.Process();
+  if (m_resultCount == 0) return;
   // Said whether or not the file could be written.
   m_platform.messages.Show(L"Export do souboru \"vdkvez.txt\" je dokončen.", MessageIcon::Information,
                            kApplicationTitle);
@@ -62,11 +64,13 @@ void clspsc::pMail(std::wstring pmt) {
   // At the root of a drive the folder ends in a backslash already; the doubled one names the same file.
   const std::wstring path = m_programFolder + std::wstring(kMailFile);
   // The file stays there after the message has gone; the next message overwrites it.
+  const std::int32_t rows = m_resultCount;
   const bool written = Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(pmt); });
   // Without it nothing is sent: the file that is there may be an older list. The heading is what the recipient sees as
   // the attachment's name; the mail system splits it at semicolons.
   const std::uint32_t result = written ? m_platform.output.mail.SendDocuments(L";", path, pmt) : kMailFailure;
-  if (result == 0) return;
+  // The session may have ended over the client's window, and the list with it.
+  if (result == 0 || m_resultCount != rows) return;
   m_platform.messages.Show(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation,
                            std::to_wstring(result));
 }

@@ -28,7 +28,10 @@ void clspsc::pTisk(std::wstring ptt, ProgressWindow& window) {
   std::optional<PrinterSettings> saved;
   try {
     printer.Reset();
+    const std::int32_t rows = m_resultCount;
     m_platform.output.pendingMessages.Process();
+    // The session may end among these messages, and the list with it.
+    if (m_resultCount != rows) return;
     saved = printer.Settings();
     printer.ChangeSettings({kPortrait, kPaperA4, PrinterScale::Millimetres});
     PrintResult(ptt, window);

@@ -5,6 +5,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include "platform/windows/modal_scope.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
 
@@ -25,6 +26,7 @@ std::optional<std::wstring> WindowsFolderDialog::Browse(std::wstring_view prompt
   // Joining with an empty text answers with a pointer to the prompt.
   question.lpszTitle = lstrcatA(title.data(), "");
   question.ulFlags = kFlags;
+  const ModalScope modal(question.hwndOwner);
   const OwnedItemList items(SHBrowseForFolderA(&question));
   if (!items) return std::nullopt;
   std::wstring path(kPathBufferLength, L'\0');

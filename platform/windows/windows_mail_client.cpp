@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "platform/windows/system_code_page.h"
@@ -13,7 +14,21 @@ namespace {
 using MAPISendDocumentsFunction = ULONG WINAPI(ULONG_PTR window, LPSTR delimiter, LPSTR files, LPSTR displayNames,
                                                ULONG reserved);
 
+constexpr std::uint32_t kFailure = 2;
 constexpr std::uint32_t kNotSupported = 26;
+
+/// A file's path as the mail system reads it, which knows 8-bit text only and cuts it at the delimiter: the short path
+/// where the long one would name another file, or none. Nothing when neither can be said.
+std::optional<std::string> MailPath(const std::wstring& path, std::wstring_view delimiter) {
+  const auto said = [delimiter](const std::wstring& candidate) -> std::optional<std::string> {
+    if (candidate.find(delimiter) != std::wstring::npos) return std::nullopt;
+    return ToSystemCodePageExactly(candidate);
+  };
+  if (auto bytes = said(path)) return bytes;
+  std::wstring shortPath(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+  shortPath.resize(GetShortPathNameW(path.c_str(), shortPath.data(), static_cast<DWORD>(shortPath.size())));
+  return shortPath.empty() ? std::nullopt : said(shortPath);
+}
 
 /// Mail clients are known to change the working directory and to leave it so.
 class WorkingDirectoryGuard {
@@ -34,16 +49,17 @@ class WorkingDirectoryGuard {
 
 }  // namespace
 
-std::uint32_t WindowsMailClient::SendDocuments(std::wstring_view delimiter, std::wstring_view files,
+std::uint32_t WindowsMailClient::SendDocuments(std::wstring_view delimiter, std::wstring_view file,
                                                std::wstring_view displayNames) {
   const WorkingDirectoryGuard guard;
   auto* const sendDocuments =
       SystemFunction<MAPISendDocumentsFunction>(LoadSystemLibrary(L"mapi32.dll"), "MAPISendDocuments");
   if (sendDocuments == nullptr) return kNotSupported;
+  auto fileBytes = MailPath(std::wstring(file), delimiter);
+  if (!fileBytes) return kFailure;
   std::string delimiterBytes = ToSystemCodePage(delimiter);
-  std::string fileBytes = ToSystemCodePage(files);
   std::string nameBytes = ToSystemCodePage(displayNames);
-  return sendDocuments(reinterpret_cast<ULONG_PTR>(GetForegroundWindow()), delimiterBytes.data(), fileBytes.data(),
+  return sendDocuments(reinterpret_cast<ULONG_PTR>(GetForegroundWindow()), delimiterBytes.data(), fileBytes->data(),
                        nameBytes.data(), 0);
 }
 

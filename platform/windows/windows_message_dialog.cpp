@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/windows/modal_scope.h"
+
 namespace kvez {
 namespace {
 
@@ -17,17 +19,22 @@ UINT IconStyle(MessageIcon icon) {
   return MB_ICONEXCLAMATION;
 }
 
+// Modal to the whole program, whichever of its windows the box belongs to.
+int ShowBox(HWND owner, std::wstring_view text, std::wstring_view caption, UINT style) {
+  const ModalScope modal(owner);
+  return MessageBoxW(owner, std::wstring(text).c_str(), std::wstring(caption).c_str(), style);
+}
+
 }  // namespace
 
 WindowsMessageDialog::WindowsMessageDialog(std::function<HWND()> owner) : m_owner(std::move(owner)) {}
 
 void WindowsMessageDialog::Show(std::wstring_view text, MessageIcon icon, std::wstring_view caption) {
-  MessageBoxW(m_owner(), std::wstring(text).c_str(), std::wstring(caption).c_str(), MB_OK | IconStyle(icon));
+  ShowBox(m_owner(), text, caption, MB_OK | IconStyle(icon));
 }
 
 bool WindowsMessageDialog::Ask(std::wstring_view text, std::wstring_view caption) {
-  return MessageBoxW(m_owner(), std::wstring(text).c_str(), std::wstring(caption).c_str(),
-                     MB_YESNO | MB_ICONQUESTION) == IDYES;
+  return ShowBox(m_owner(), text, caption, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 }  // namespace kvez
