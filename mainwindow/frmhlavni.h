@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,22 +20,17 @@
 #include "mainwindow/command_services.h"
 #include "mainwindow/list_box_adapter.h"
 #include "mainwindow/message_timer.h"
+#include "mainwindow/search_panel_rules.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
 #include "settings/frmnastaveni.h"
 
 namespace kvez {
 
-/// The three search modes, indexes of `optMPSC`.
-enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 2 };
-
-/// The three lists, indexes of `lstMPSC`.
-enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
-
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
-/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_lists (selecting), frmhlavni_menu (handing the
-/// result out), frmhlavni_update (what reaches the internet), frmhlavni_about (the About panel), frmhlavni_commands
-/// (the other buttons, hints and keys).
+/// (loading and closing), frmhlavni_search (the search panel), frmhlavni_panel (what it offers), frmhlavni_lists
+/// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet), frmhlavni_about
+/// (the About panel), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
@@ -104,14 +100,32 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void txtMPSC_GotFocus(std::size_t index);
   void txtMPSC_LostFocus(std::size_t index);
   void txtMPSC_Change(std::size_t index);
+  std::wstring txtMPSC_Paste(const std::wstring& text) const;
   void txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift);
   void txtMPSC_KeyPress(std::size_t index, std::int16_t& keyAscii);
   void txtMPSC_KeyUp(std::size_t index, std::int16_t& keyCode, std::int16_t shift);
   void tmrMPSC_Timer();
-  void SelectBeginning(forms::ListBox& list);
+  void SelectBeginning(std::size_t list);
+  void EndDeferredSearch();
+  void SayThatNoModeIsChosen();
   void tlHVyhledej_Click();
   void tlHObcePSC_Click();
   void ShowSearchResult(const std::wstring& description);
+
+  // frmhlavni_panel
+  std::optional<SearchMode> Mode() const;
+  /// To be called at the end of every command: what the panel offers follows from what is chosen in it.
+  void UpdatePanel();
+  void ShowModeHint(std::wstring_view hint);
+  void LeaveTypingModes();
+  /// A row was chosen, or the one that was chosen is gone.
+  void ChooseRow(std::size_t list);
+  void ForgetRow(std::size_t list);
+  /// The mode that is chosen already was chosen again.
+  void ResumeSearching();
+  /// Puts the database's cursor back on the row that the result list shows as selected: whatever walks over the result
+  /// takes the cursor along.
+  void StandOnSelectedResult();
 
   // frmhlavni_lists
   void lstMPSC_Click(std::size_t index);
@@ -119,7 +133,6 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowMunicipality();
   void ShowResult();
   void ShowDistrict();
-  void LeaveTypingModes();
 
   // frmhlavni_menu
   void VytvorNabidku();
@@ -127,7 +140,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void lstMPSC_ContextMenuKey();
   bool SaysThatListIsEmpty();
   void ShowListMenu(POINT screen);
-  void RunListCommand(unsigned command);
+  void RunListCommand(unsigned command, const std::wstring& heading);
   void PrintList(const std::wstring& heading);
 
   // frmhlavni_update
@@ -173,6 +186,11 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   bool m_nameMode = false;
   bool m_districtMode = false;
   bool m_samePostalCode = false;  // the result list already holds the municipalities of one PSČ
+  std::optional<List> m_chosenRow;
+  bool m_aboutIsOpen = false;
+  bool m_searchingResumed = false;
+  std::wstring_view m_modeHint;        // what the status bar has been told about the mode
+  bool m_deferredSearchIsDue = false;  // the light-blue field has a text that was typed and not yet searched for
 };
 
 }  // namespace kvez

@@ -6,6 +6,7 @@
 namespace kvez {
 
 void frmhlavni::tlHOaplikaci_Click() {
+  m_aboutIsOpen = true;
   // The button that has the focus comes last: the focus would wander from one to the next, and each shows it.
   for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHNastaveni, &tlHOaplikaci}) button->SetEnabled(false);
   if (fraMPSCO.Handle() == nullptr) CreateAboutPanel();
@@ -19,7 +20,9 @@ void frmhlavni::tlHOaplikaci_Click() {
 
 void frmhlavni::tlHStorno_Click() {
   tlHAktualizace.SetEnabled(true);
-  tlHVyhledej.SetEnabled(true);
+  m_aboutIsOpen = false;
+  m_searchingResumed = true;
+  UpdatePanel();
   // Before the panel goes: else the focus would fall to the light-blue field, which hides the search button.
   if (txtMPSC[0].Enabled()) {
     txtMPSC[0].SetFocus();

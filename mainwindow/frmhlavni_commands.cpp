@@ -7,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "forms/input_gate.h"
 #include "mainwindow/frmhlavni.h"
 
 namespace kvez {
@@ -64,6 +65,7 @@ void frmhlavni::tlHNastaveni_Click() {
     m_settingsWindow->Show();
     return;
   }
+  const forms::InputPause pause(*this);
   // Kept only once it is loaded: a window whose settings could not be read is of no use.
   auto window = std::make_unique<frmnastaveni>(m_database, m_services.shortcut, this);
   window->Show();
@@ -76,6 +78,7 @@ void frmhlavni::tlHWWW_Click() { ClearMessage(); }
 void frmhlavni::tlHPCInfo_Click() { ClearMessage(); }
 
 void frmhlavni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) {
+  if (!forms::TakesInput(*this)) return;
   if (KeyCode == VK_F1 && Shift == 0) {
     KeyCode = 0;
     tlHNapoveda_Click();
@@ -97,7 +100,7 @@ void frmhlavni::SelectMode(SearchMode mode) {
   if (!optMPSC[mode].Visible()) return;
   // The search panel lies behind the About panel: who wants to search wants to see it.
   if (fraMPSCO.Visible()) tlHStorno_Click();
-  optMPSC[mode].SetValue(true);
+  optMPSC[mode].Value() ? ResumeSearching() : optMPSC[mode].SetValue(true);
 }
 
 }  // namespace kvez

@@ -207,12 +207,14 @@ void frmhlavni::CreateButtons() {
 void frmhlavni::BindEvents() {
   for (std::size_t i = 0; i < optMPSC.size(); ++i) {
     optMPSC[i].Click = [this, i] { optMPSC_Click(i); };
+    optMPSC[i].ChosenAgain = [this] { ResumeSearching(); };
   }
   for (std::size_t i = 0; i < txtMPSC.size(); ++i) {
     forms::TextBox& box = txtMPSC[i];
     box.GotFocus = [this, i] { txtMPSC_GotFocus(i); };
     box.LostFocus = [this, i] { txtMPSC_LostFocus(i); };
     box.Change = [this, i] { txtMPSC_Change(i); };
+    box.Paste = [this](const std::wstring& text) { return txtMPSC_Paste(text); };
     box.KeyDown = [this, i](std::int16_t& keyCode, std::int16_t shift) { txtMPSC_KeyDown(i, keyCode, shift); };
     box.KeyPress = [this, i](std::int16_t& keyAscii) { txtMPSC_KeyPress(i, keyAscii); };
     box.KeyUp = [this, i](std::int16_t& keyCode, std::int16_t shift) { txtMPSC_KeyUp(i, keyCode, shift); };

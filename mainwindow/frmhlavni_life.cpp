@@ -2,6 +2,7 @@
 
 #include "database/application.h"
 #include "forms/guard.h"
+#include "forms/input_gate.h"
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
@@ -9,14 +10,19 @@
 namespace kvez {
 
 void frmhlavni::Form_Load() {
-  SetCaption(kApplicationTitle);
-  m_statusBar.Create(Handle(), false);
-  VytvorNabidku();
-  Titul();
-  for (tlText* button : {&tlHWWW, &tlHPCInfo, &tlHStorno}) button->SetFocusDraw(tlHMeil.FocusDraw());
-  CentreMessagePanel();
-  picMPSCPI.SetVisible(true);
-  NactiDatabazi();
+  {
+    const forms::InputPause pause(*this, forms::Closing::GoesOn);
+    SetCaption(kApplicationTitle);
+    m_statusBar.Create(Handle(), false);
+    VytvorNabidku();
+    Titul();
+    if (!IsOpen()) return;
+    for (tlText* button : {&tlHWWW, &tlHPCInfo, &tlHStorno}) button->SetFocusDraw(tlHMeil.FocusDraw());
+    CentreMessagePanel();
+    picMPSCPI.SetVisible(true);
+    NactiDatabazi();
+  }
+  if (!IsOpen()) return;
   m_busy = false;
   optMPSC[kModeName].SetValue(true);
 }
@@ -38,10 +44,14 @@ void frmhlavni::NactiDatabazi() {
     m_statusBar.SetIcon(2, -1, L"NACITANI");
     BeginStep(L"Načítání databáze obcí ze souboru.", L"Strpení prosím, načítám databázi obcí.");
     m_database.pscNacti(*this);
+    // Each of the three may show a message, over which the program can be closed.
+    if (!IsOpen()) return;
     BeginStep(L"Načítání databáze dodávacích pošt ze souboru.", L"Strpení prosím, načítám databázi pošt.");
     m_database.pscpNacti(*this);
+    if (!IsOpen()) return;
     BeginStep(L"Načítání databáze okresů ze souboru.", L"Strpení prosím, načítám databázi okresů.");
     m_database.pscoNacti(*this);
+    if (!IsOpen()) return;
     if (m_database.pscCelkem() > 0) {
       FillLists();
     } else {
@@ -117,16 +127,12 @@ void frmhlavni::PrubechPamet(float fraction) {
 
 bool frmhlavni::ConfirmsExit() { return m_platform.messages.Ask(L"Přejete si program ukončit ?", kApplicationTitle); }
 
-void frmhlavni::Form_QueryUnload(std::int16_t& cancel, forms::UnloadMode mode) {
-  // The end of the session can only be refused here; every other end is asked about when it comes to it.
-  if (mode == forms::UnloadMode::SessionEnd && !ConfirmsExit()) cancel = 1;
+void frmhlavni::Form_QueryUnload(std::int16_t& cancel, forms::UnloadMode /*mode*/) {
+  // Here and not in Form_Unload: the end of the session asks first and unloads later, without a question.
+  if (!ConfirmsExit()) cancel = 1;
 }
 
-void frmhlavni::Form_Unload(std::int16_t& cancel) {
-  if (!SessionEnds() && !ConfirmsExit()) {
-    cancel = 1;
-    return;
-  }
+void frmhlavni::Form_Unload(std::int16_t& /*cancel*/) {
   m_busy = true;
   picMPSCPI.SetVisible(true);
   ShowMessage(L"Nashledanou.");

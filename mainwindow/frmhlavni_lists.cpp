@@ -11,8 +11,11 @@ constexpr std::int16_t kSelectUnderPointer = 0;
 }  // namespace
 
 void frmhlavni::lstMPSC_Click(std::size_t index) {
+  EndDeferredSearch();
   txtMPSC[0].SetEnabled(true);
   txtMPSC[0].SetMaxLength(0);
+  lstMPSC[index].ListIndex() >= 0 ? ChooseRow(index) : ForgetRow(index);
+  UpdatePanel();
   switch (index) {
     case kListAll:
       ShowMunicipality();
@@ -33,9 +36,6 @@ void frmhlavni::ShowMunicipality() {
   const forms::ListBox& list = lstMPSC[kListAll];
   if (list.ListIndex() >= 0) {
     m_database.pscDetail(list.ItemData(list.ListIndex()));
-    LeaveTypingModes();
-    tlHVyhledej.SetEnabled(false);
-    tlHObcePSC.SetVisible(false);
   } else {
     m_database.pscDetail(0);
   }
@@ -46,9 +46,6 @@ void frmhlavni::ShowResult() {
   const forms::ListBox& list = lstMPSC[kListResult];
   if (list.ListIndex() >= 0) {
     m_database.pDetail(list.ItemData(list.ListIndex()));
-    LeaveTypingModes();
-    if (!m_samePostalCode) tlHObcePSC.SetVisible(true);
-    tlHVyhledej.SetEnabled(false);
     tlHObcePSC.SetToolTipText(L"Vytvoří seznam obcí pro PSČ \"" + m_database.pscPSCObec() + L"\".");
   }
   lblPSCV[1].SetCaption(m_database.pVybran());
@@ -58,23 +55,10 @@ void frmhlavni::ShowDistrict() {
   const forms::ListBox& list = lstMPSC[kListDistricts];
   if (list.ListIndex() >= 0) {
     m_database.pscoDetail(list.ItemData(list.ListIndex()));
-    if (!tlHVyhledej.Enabled()) {
-      tlHVyhledej.SetEnabled(true);
-      tlHObcePSC.SetVisible(false);
-    }
   } else {
     m_database.pscoDetail(0);
   }
   lblPSCV[0].SetCaption(m_database.pscoVybran());
-}
-
-void frmhlavni::LeaveTypingModes() {
-  if (!m_postalMode && !m_nameMode) return;
-  optMPSC[kModePostal].SetValue(false);
-  optMPSC[kModeName].SetValue(false);
-  m_postalMode = false;
-  m_nameMode = false;
-  txtMPSC[1].SetText(L"");
 }
 
 void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/application.h"
+#include "forms/input_gate.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/list_menu.h"
 #include "mainwindow/scopes.h"
@@ -14,13 +15,17 @@ void frmhlavni::VytvorNabidku() { m_listMenu = CreateListMenu(); }
 void frmhlavni::lstMPSC_MouseUp(std::size_t index, std::int16_t button, std::int16_t /*shift*/, float /*xTwips*/,
                                 float /*yTwips*/) {
   // An empty list says so whatever the button was.
-  if (index != kListResult || SaysThatListIsEmpty()) return;
+  if (index != kListResult || !forms::TakesInput(*this)) return;
+  const forms::InputPause pause(*this);
+  if (SaysThatListIsEmpty()) return;
   POINT pointer{};
   GetCursorPos(&pointer);
   if (button == forms::kRightButton) ShowListMenu(pointer);
 }
 
 void frmhlavni::lstMPSC_ContextMenuKey() {
+  if (!forms::TakesInput(*this)) return;
+  const forms::InputPause pause(*this);
   if (SaysThatListIsEmpty()) return;
   const HWND list = lstMPSC[kListResult].Handle();
   // Under the selected row, or under the list's upper edge when none is selected or it is scrolled out of sight.
@@ -42,14 +47,17 @@ bool frmhlavni::SaysThatListIsEmpty() {
 }
 
 void frmhlavni::ShowListMenu(POINT screen) {
+  // The list that is chosen from is the one that leaves, under the heading that it has now: nothing changes it from
+  // here to the end of the command, and the cursor stands where the window says that it stands.
+  const std::wstring heading = lblMPSCN.Caption();
   const int chosen = TrackPopupMenu(m_listMenu.Get(), TPM_RETURNCMD, screen.x, screen.y, 0, Handle(), nullptr);
-  RunListCommand(static_cast<unsigned>(chosen));
+  RunListCommand(static_cast<unsigned>(chosen), heading);
 }
 
-void frmhlavni::RunListCommand(unsigned command) {
+void frmhlavni::RunListCommand(unsigned command, const std::wstring& heading) {
   const std::wstring_view question = ListQuestion(command);
-  if (question.empty() || !m_platform.messages.Ask(question, kApplicationTitle)) return;
-  const std::wstring heading = lblMPSCN.Caption();
+  if (question.empty() || !m_platform.messages.Ask(question, kApplicationTitle) || !IsOpen()) return;
+  StandOnSelectedResult();
   switch (command) {
     case kListPrint:
       PrintList(heading);

@@ -1,9 +1,6 @@
 // The search panel: modes, typing, and the searches.
 
-#include <windows.h>
-
-#include <commctrl.h>
-
+#include "forms/input_gate.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
 #include "mainwindow/search_rules.h"
@@ -32,26 +29,28 @@ void EditByKey(const forms::TextBox& box, std::int16_t keyCode) {
 
 void frmhlavni::optMPSC_Click(std::size_t index) {
   m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  EndDeferredSearch();
   m_postalMode = index == kModePostal;
   m_nameMode = index == kModeName;
   m_districtMode = index == kModeDistrict;
-  const int maxLength = m_postalMode ? kPostalTextLength : 0;
-  for (forms::TextBox& box : txtMPSC) box.SetMaxLength(maxLength);
-  tlHObcePSC.SetVisible(false);
-  tlHVyhledej.SetEnabled(true);
+  m_chosenRow.reset();
+  m_searchingResumed = false;
+  m_modeHint = {};
+  UpdatePanel();
 
-  constexpr std::array<std::wstring_view, 3> kHints = {L"Vyhledá obce se společným PSČ.",
-                                                       L"Vyhledá obce odpovídající zadanému textu.",
-                                                       L"Vyhledá obce v zadaném okrese."};
   // The list that the mode works with is shown, with nothing selected, in the place that both share.
   lstMPSC[kListAll].SetVisible(!m_districtMode);
   lstMPSC[kListDistricts].SetVisible(m_districtMode);
   lstMPSC[m_districtMode ? kListDistricts : kListAll].SetListIndex(-1);
-  m_statusBar.SetText(kHints[index], 2, 0);
+  // Behind the selection, which has allowed the address of any length.
+  const int maxLength = m_postalMode ? kPostalTextLength : 0;
+  for (forms::TextBox& box : txtMPSC) box.SetMaxLength(maxLength);
 
   for (forms::TextBox& box : txtMPSC) box.SetText(L"");
   for (forms::Label& label : lblNPSCHT) label.SetCaption(L"");
   txtMPSC[0].SetEnabled(!m_districtMode);
+  // A search has left the cursor on its last row, which is none of this list's.
+  m_districtMode ? m_database.pscoDetail(0) : m_database.pscDetail(0);
   lblPSCV[0].SetCaption(m_districtMode ? m_database.pscoVybran() : m_database.pscVybran());
   if (!m_districtMode) txtMPSC[0].SetFocus();
 }
@@ -72,7 +71,12 @@ void frmhlavni::txtMPSC_KeyPress(std::size_t /*index*/, std::int16_t& keyAscii) 
 void frmhlavni::txtMPSC_Change(std::size_t index) {
   forms::TextBox& box = txtMPSC[index];
   const std::wstring text = box.Text();
+  if (index == 1) m_deferredSearchIsDue = !text.empty();
   if (m_postalMode && !text.empty() && !IsPostalText(text)) box.SetText(L"");
+}
+
+std::wstring frmhlavni::txtMPSC_Paste(const std::wstring& text) const {
+  return m_postalMode ? PostalTextToPaste(text, kPostalTextLength) : NameToPaste(text);
 }
 
 void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift) {
@@ -80,7 +84,7 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
   if (m_postalMode && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
   if (keyCode == kKeyShift && (m_postalMode || m_nameMode)) txtMPSC[index == 0 ? 1 : 0].SetFocus();
   if (index == 0) {
-    if (keyCode != kKeyEnter) return;
+    if (keyCode != kKeyEnter || !forms::TakesInput(*this)) return;
     VyhledejSeznam();
     txtMPSC[1].SetText(L"");
     return;
@@ -92,25 +96,60 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
   }
 }
 
-void frmhlavni::txtMPSC_KeyUp(std::size_t index, std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {
-  if (index == 1 && m_database.vGetNastaveniRegistr(kSearchWhileTyping) == 1) tmrMPSC.SetEnabled(true);
+void frmhlavni::txtMPSC_KeyUp(std::size_t index, std::int16_t& keyCode, std::int16_t /*shift*/) {
+  if (index != 1 || m_database.vGetNastaveniRegistr(kSearchWhileTyping) != 1) return;
+  // These come with other keys, or from the other field; alone they type nothing that could be searched for.
+  const bool typesNothing = keyCode == kKeyShift || keyCode == VK_CONTROL || keyCode == VK_MENU;
+  if (!typesNothing || m_deferredSearchIsDue) tmrMPSC.SetEnabled(true);
+}
+
+// The search belongs to the text and the mode that it was typed in: whatever else is shown since then stays.
+void frmhlavni::EndDeferredSearch() {
+  tmrMPSC.SetEnabled(false);
+  m_deferredSearchIsDue = false;
 }
 
 void frmhlavni::tmrMPSC_Timer() {
   tmrMPSC.SetEnabled(false);
+  if (!forms::TakesInput(*this) || m_aboutIsOpen) {
+    // Behind a question, a menu or a print nothing changes; it is searched for when they are over.
+    tmrMPSC.SetEnabled(true);
+    return;
+  }
+  EndDeferredSearch();
+  if (Trimmed(txtMPSC[1].Text()).empty()) return;
   if (m_districtMode) {
-    SelectBeginning(lstMPSC[kListDistricts]);
+    SelectBeginning(kListDistricts);
   } else if (m_postalMode) {
     VyhledejPSC();
   } else if (m_nameMode) {
-    SelectBeginning(lstMPSC[kListAll]);
+    SelectBeginning(kListAll);
   }
 }
 
-void frmhlavni::SelectBeginning(forms::ListBox& list) { list.SetListIndex(list.FindString(txtMPSC[1].Text())); }
+void frmhlavni::SelectBeginning(std::size_t index) {
+  forms::ListBox& list = lstMPSC[index];
+  const std::wstring text = txtMPSC[1].Text();
+  const int before = list.ListIndex();
+  int found = list.FindString(text);
+  // What was copied along with a name is no part of it; a blank that was typed may be.
+  if (found < 0) found = list.FindString(Trimmed(text));
+  list.SetListIndex(found);
+  // It is what was looked for, also when it had been chosen before.
+  if (found >= 0 && found == before) lstMPSC_Click(index);
+}
+
+void frmhlavni::SayThatNoModeIsChosen() {
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  m_statusBar.SetText(L"Nejdříve zvolte PSČ, Obec nebo Okres.", 2, 0);
+}
 
 void frmhlavni::VyhledejSeznam() {
+  if (!forms::TakesInput(*this) || m_aboutIsOpen) return;
+  if (!Mode()) return SayThatNoModeIsChosen();
   if (!tlHVyhledej.Enabled()) return;
+  EndDeferredSearch();
+  const forms::InputPause pause(*this);
   const BusyScope busy(m_busy);
   const std::wstring text = Trimmed(txtMPSC[0].Text());
   lblPSCV[1].SetCaption(L"");
@@ -123,7 +162,7 @@ void frmhlavni::VyhledejSeznam() {
     const HourglassScope hourglass;
     if (optMPSC[kModePostal].Value()) {
       m_samePostalCode = true;
-      m_database.pscNajdiPSC(true, NumericValueText(text), m_resultList, description);
+      m_database.pscNajdiPSC(true, ReadPostalCode(text), m_resultList, description);
     } else if (optMPSC[kModeName].Value()) {
       m_database.pscVyberPostu(text, m_resultList, description);
     } else if (optMPSC[kModeDistrict].Value()) {
@@ -142,14 +181,18 @@ void frmhlavni::VyhledejSeznam() {
     txtMPSC[0].SetFocus();
   }
   lblPSCV[1].SetCaption(m_database.pVybran());
+  ForgetRow(kListResult);
+  UpdatePanel();
 }
 
 void frmhlavni::VyhledejPSC() {
+  const forms::InputPause pause(*this);
   const BusyScope busy(m_busy);
+  m_samePostalCode = false;
   std::wstring description;
   {
     const HourglassScope hourglass;
-    m_database.pscNajdiPSC(false, NumericValueText(txtMPSC[1].Text()), m_resultList, description);
+    m_database.pscNajdiPSC(false, ReadPostalCode(txtMPSC[1].Text()), m_resultList, description);
   }
   ShowSearchResult(description);
 }
@@ -157,21 +200,25 @@ void frmhlavni::VyhledejPSC() {
 void frmhlavni::ShowSearchResult(const std::wstring& description) {
   lblMPSCN.SetCaption(description);
   lblPSCV[1].SetCaption(m_database.pVybran());
+  ForgetRow(kListResult);
+  UpdatePanel();
 }
 
 void frmhlavni::tlHVyhledej_Click() { VyhledejSeznam(); }
 
 void frmhlavni::tlHObcePSC_Click() {
+  EndDeferredSearch();
+  const forms::InputPause pause(*this);
   const BusyScope busy(m_busy);
   std::wstring description;
   {
     const HourglassScope hourglass;
+    StandOnSelectedResult();
     m_database.pscObceKPSC(m_resultList, description);
   }
-  ShowSearchResult(description);
-  tlHObcePSC.SetVisible(false);
   m_samePostalCode = true;
-  m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+  ShowSearchResult(description);
+  ClearMessage();
 }
 
 }  // namespace kvez

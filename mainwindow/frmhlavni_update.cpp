@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "database/application.h"
+#include "forms/input_gate.h"
 #include "mainwindow/addresses.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
@@ -38,8 +39,9 @@ bool IsNormalFile(const std::wstring& path) {
 }  // namespace
 
 void frmhlavni::tlHAktualizace_Click() {
-  // The system handles messages of its own while it downloads; none of them may start a second update in the first.
-  if (m_downloading) return;
+  // The system handles messages of its own while it downloads; none of them may start a command in this one.
+  if (!forms::TakesInput(*this)) return;
+  const forms::InputPause pause(*this);
   // What a failure just before has left to be cleared is over; it must not clear what this one says.
   m_messageTimer.Stop();
   std::int32_t result = 0;
@@ -49,6 +51,9 @@ void frmhlavni::tlHAktualizace_Click() {
     for (const UpdateFile& file : kUpdateFiles) {
       // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
       result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
+      // The session ends: there is nobody left to download for, and nothing to say.
+      if (!IsOpen()) return;
+      if (SessionEnds()) return ClearMessage();
     }
   }
   if (result == 0) {
@@ -79,6 +84,7 @@ void frmhlavni::TakeOverDownloadedFiles() {
     m_database.pscUvolniPamet(*this);
   }
   NactiDatabazi();
+  if (!IsOpen()) return;
   RestartSearching();
 }
 
@@ -103,11 +109,15 @@ void frmhlavni::KeepTheDatabase() {
   }
   m_statusBar.SetIcon(2, -1, L"APLIKACE");
   m_statusBar.SetText(L"Byla zachována původní databáze.", 2, 0);
-  m_messageTimer.Start(kMessageMilliseconds, [this] { m_statusBar.SetText(L"", 2, SBT_NOBORDERS); });
+  m_messageTimer.Start(kMessageMilliseconds, [this, text = m_statusBar.Message()] {
+    // A hint or another message may have taken its place.
+    if (m_statusBar.Message() == text) ClearMessage();
+  });
 }
 
 void frmhlavni::tlHNapoveda_Click() {
-  if (m_downloading) return;
+  if (!forms::TakesInput(*this)) return;
+  const forms::InputPause pause(*this);
   const std::wstring path = CestaNapovedy();
   if (IsNormalFile(path)) {
     m_services.help.Show(path);
@@ -120,6 +130,7 @@ void frmhlavni::tlHNapoveda_Click() {
       const BusyScope downloading(m_downloading);
       result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
     }
+    if (!IsOpen()) return;
     if (result == 0) {
       m_services.help.Show(path);
     } else {

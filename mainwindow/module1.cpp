@@ -88,6 +88,7 @@ int Main() {
   if (!ClaimSingleInstance()) {
     const std::wstring text = L"Aplikace \"" + title + L"\" je již spuštěna nebo probíhá její ukončování !";
     MessageBoxW(nullptr, text.c_str(), title.c_str(), MB_OK | MB_ICONINFORMATION);
+    ShowRunningInstance();
     return 0;
   }
   forms::SetGuard({.title = title, .translate = &TextOfCoreError, .show = {}});

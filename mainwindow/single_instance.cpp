@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "database/application.h"
+
 namespace kvez {
 
 bool ClaimSingleInstance() {
@@ -11,6 +13,15 @@ bool ClaimSingleInstance() {
   // An instance with other rights refuses even the look at its mutex: it is running as well.
   // cppcheck-suppress resourceLeak
   return mutex != nullptr && error != ERROR_ALREADY_EXISTS;
+}
+
+void ShowRunningInstance() {
+  // Message boxes have the same caption, but another class.
+  const HWND window = FindWindowW(L"KvezForm", std::wstring(kApplicationTitle).c_str());
+  if (window == nullptr || !IsWindowVisible(window)) return;
+  // Not waited for: the other instance may be busy.
+  if (IsIconic(window)) ShowWindowAsync(window, SW_RESTORE);
+  SetForegroundWindow(GetLastActivePopup(window));
 }
 
 }  // namespace kvez

@@ -7,4 +7,8 @@ namespace kvez {
 /// only when the process has really ended.
 bool ClaimSingleInstance();
 
+/// Brings the window of the instance that runs to the front, restored when it is minimised, or the question that it
+/// asks. Without a visible window nothing happens. To be called while this process has the keyboard.
+void ShowRunningInstance();
+
 }  // namespace kvez

@@ -32,6 +32,9 @@ class StatusBar {
   /// icon of panel 2. Without a bar it does nothing.
   void SetText(std::wstring_view text, std::int32_t panel, std::int32_t flags);
 
+  /// What the message panel was last told. A menu's explanation covers it for as long as the menu is open.
+  const std::wstring& Message() const { return m_message; }
+
   /// Mode -1 shows the icon resource of that name, none when there is no such resource; any other mode removes the
   /// panel's icon. Without a bar, or for a panel that is none, it does nothing.
   void SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName);
@@ -84,7 +87,6 @@ class StatusBar {
   OwnedFont m_font;
   std::array<Panel, kPanelCount> m_panels;
 
-  // What the program last said in the message panel. A menu's explanation covers it for as long as the menu is open.
   std::wstring m_message;
   std::int32_t m_messageFlags = 0;
   bool m_menuExplanationShown = false;

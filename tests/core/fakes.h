@@ -50,6 +50,7 @@ class MessageDialogFake : public MessageDialog {
   bool Ask(std::wstring_view text, std::wstring_view caption) override {
     m_log.push_back(L"question");
     questions.push_back({std::wstring(text), std::wstring(caption)});
+    if (onAsk) onAsk();
     if (answers.empty()) return false;
     const bool answer = answers.front();
     answers.pop_front();
@@ -60,6 +61,7 @@ class MessageDialogFake : public MessageDialog {
   std::vector<Question> questions;
   std::deque<bool> answers;      // given one after the other; then No
   std::function<void()> onShow;  // what the world looks like while the message is shown
+  std::function<void()> onAsk;   // the same while a question is open
 
  private:
   Log& m_log;

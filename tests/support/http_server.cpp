@@ -102,6 +102,7 @@ void HttpServer::Answer(std::uintptr_t connection) {
     m_requests.push_back(name);
     if (const auto found = m_answers.find(name); found != m_answers.end()) answer = found->second;
   }
+  if (answer.until.valid()) answer.until.wait_for(std::chrono::seconds(60));
   SendAll(connection, "HTTP/1.1 " + std::to_string(answer.status) +
                           " Answer\r\nContent-Type: application/octet-stream\r\nConnection: close\r\nContent-Length: " +
                           std::to_string(answer.body.size()) + "\r\n\r\n" + answer.body.substr(0, answer.sent));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <future>
 #include <map>
 #include <mutex>
 #include <string>
@@ -15,6 +16,8 @@ struct HttpAnswer {
   std::string body;
   /// So many bytes of the body are sent before the connection is cut off; the header announces all of them.
   std::size_t sent = std::string::npos;
+  /// The answer waits for this, when it is given.
+  std::shared_future<void> until = {};
 };
 
 /// A web server on the loopback address, on a free port that the system picks, for one test.

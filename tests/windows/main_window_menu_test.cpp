@@ -9,6 +9,7 @@
 #include "tests/support/program_driver.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
+#include "tests/windows/message_watch.h"
 
 namespace kvez {
 namespace {
@@ -252,6 +253,120 @@ TEST_F(MainWindowMenu, HidesThePanelAfterAPrinterThatFails) {
   EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerDefault);
   EXPECT_THAT(m_machine.messages.messages, IsEmpty());
   EXPECT_EQ(m_machine.output.printer.discarded, 1);
+}
+
+class MainWindowHandOut : public MainWindowMenu {
+ protected:
+  static void ClickOn(const forms::Control& control) {
+    test::PointAt(test::CenterOf(control.Handle()));
+    test::PressButton();
+    test::ReleaseButton();
+  }
+  /// In the light-blue field "691", which is searched for, and "42" behind it, whose search is still to come.
+  frmhlavni& OpenWithADeferredSearch() {
+    SetSetting(2, L"1");
+    frmhlavni& window = OpenInFront();
+    window.tmrMPSC.SetInterval(1);
+    ClickOn(window.optMPSC[kModePostal]);
+    ClickOn(window.txtMPSC[1]);
+    TypeText(L"691");
+    EXPECT_TRUE(test::PumpUntil([&] { return window.lstMPSC[kListResult].ListCount() == 2; }));
+    window.tmrMPSC.SetInterval(600'000);
+    TypeText(L"42");
+    return window;
+  }
+};
+
+TEST_F(MainWindowHandOut, TheListThatWasChosenIsTheOneThatLeaves) {
+  frmhlavni& window = OpenWithADeferredSearch();
+  m_machine.messages.answers = {true};
+  m_machine.output.folders.answers = {L"C:\\Data"};
+  m_machine.messages.onAsk = [&] {
+    window.tmrMPSC.SetInterval(1);
+    int ticks = 0;
+    const test::MessageWatch watch(window.Handle(), WM_TIMER, [&] { ++ticks; });
+    EXPECT_TRUE(test::PumpUntil([&] { return ticks > 2; }));
+  };
+  Choose(2);
+  m_machine.messages.onAsk = nullptr;
+  EXPECT_EQ(m_machine.output.textFiles.texts[L"C:\\Data\\vdkvez.txt"],
+            L"Obce s PSČ začínající na  \"691\"." + kListOfTwo.substr(kListOfTwo.find(L'\r')));
+  // Then the search has its turn.
+  EXPECT_TRUE(test::PumpUntil([&] { return window.lstMPSC[kListResult].ListCount() == 1; }));
+  EXPECT_EQ(window.lblMPSCN.Caption(), L"Obce s PSČ začínající na  \"69142\".");
+}
+
+TEST_F(MainWindowHandOut, ClosingThatWasTypedAheadWaitsForThePrint) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.output.pendingMessages.onProcess = [] { PressKey(VK_F4, false, false, true); };
+  m_machine.messages.answers = {true, false};
+  Choose(1);
+  EXPECT_EQ(m_machine.output.printer.documents, 1);
+  EXPECT_TRUE(test::PumpUntil([&] { return m_machine.messages.questions.size() == 2; }));
+  EXPECT_EQ(m_machine.messages.questions[1], (Question{L"Přejete si program ukončit ?", L"Kvez"}));
+  EXPECT_TRUE(window.IsOpen());
+  EXPECT_EQ(window.lstMPSC[kListResult].ListCount(), 2);
+}
+
+TEST_F(MainWindowHandOut, AnEndOfTheSessionLeavesNoHalfPrintAndNoMessage) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.output.pendingMessages.onProcess = [&] { SendMessageW(window.Handle(), WM_ENDSESSION, TRUE, 0); };
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_FALSE(window.IsOpen());
+  EXPECT_EQ(m_machine.output.printer.documents, 0);
+  EXPECT_FALSE(m_machine.output.printer.HasOpenDocument());
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+}
+
+TEST_F(MainWindowHandOut, AnEndOfTheSessionAfterAnExportSaysNothingMore) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.output.pendingMessages.onProcess = [&] { SendMessageW(window.Handle(), WM_ENDSESSION, TRUE, 0); };
+  m_machine.messages.answers = {true};
+  m_machine.output.folders.answers = {L"C:\\Data"};
+  Choose(2);
+  EXPECT_FALSE(window.IsOpen());
+  EXPECT_EQ(m_machine.output.textFiles.texts[L"C:\\Data\\vdkvez.txt"], kListOfTwo);
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+}
+
+TEST_F(MainWindowHandOut, TheSessionEndsOverTheQuestionOfACommand) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.messages.onAsk = [&] { SendMessageW(window.Handle(), WM_ENDSESSION, TRUE, 0); };
+  m_machine.messages.answers = {true};
+  Choose(4);
+  EXPECT_FALSE(window.IsOpen());
+  EXPECT_THAT(m_machine.output.mail.sent, IsEmpty());
+}
+
+TEST_F(MainWindowHandOut, ObcePscListsTheSelectedRowAfterEveryWayOut) {
+  for (int way = 1; way <= 4; ++way) {
+    if (way > 1) TearDown();
+    frmhlavni& window = OpenWithResult();
+    window.lstMPSC[kListResult].SetFocus();
+    PressKey(VK_HOME);
+    PressKey(VK_DOWN);
+    PressKey(VK_UP);
+    ASSERT_EQ(window.lblNPSCHT[0].Caption(), L"Lednice");
+    m_machine.messages.answers = {true};
+    m_machine.output.folders.answers = {L"C:\\Data"};
+    Choose(way);
+    ASSERT_TRUE(window.tlHObcePSC.Visible());
+    PressKey('B', false, false, true);
+    EXPECT_EQ(Rows(window.lstMPSC[kListResult]), std::vector<std::wstring>{L"Lednice"}) << "way " << way;
+    EXPECT_EQ(window.lblMPSCN.Caption(), L"Hledané obce s PSČ \"691 44\".") << "way " << way;
+  }
+}
+
+TEST_F(MainWindowHandOut, PrintedTwiceItSaysTheSame) {
+  OpenWithResult();
+  m_machine.messages.answers = {true, true};
+  Choose(1);
+  Choose(1);
+  ASSERT_EQ(m_machine.output.printer.documents, 2);
+  int sentences = 0;
+  for (const auto& text : m_machine.output.printer.texts) sentences += text.text == L"Zadání vyhovují 2 obce.";
+  EXPECT_EQ(sentences, 2);
 }
 
 class MainWindowMenuKeys : public MainWindowMenu {

@@ -1,0 +1,70 @@
+// What the search panel offers, after whatever was chosen in it.
+
+#include <utility>
+
+#include "mainwindow/frmhlavni.h"
+
+namespace kvez {
+
+std::optional<SearchMode> frmhlavni::Mode() const {
+  if (m_postalMode) return kModePostal;
+  if (m_nameMode) return kModeName;
+  if (m_districtMode) return kModeDistrict;
+  return std::nullopt;
+}
+
+void frmhlavni::UpdatePanel() {
+  if (!IsOpen()) return;
+  const PanelOffer offer = OfferOf({.mode = Mode(),
+                                    .row = m_chosenRow,
+                                    .samePostalCode = m_samePostalCode,
+                                    .aboutIsOpen = m_aboutIsOpen,
+                                    .searchingResumed = m_searchingResumed});
+  if (!offer.mode) LeaveTypingModes();
+  // The one that comes before the one that goes: that one may have the focus.
+  if (offer.commonPostalCode) tlHObcePSC.SetVisible(true);
+  tlHVyhledej.SetEnabled(offer.search);
+  if (!offer.commonPostalCode) tlHObcePSC.SetVisible(false);
+  ShowModeHint(offer.hint);
+}
+
+void frmhlavni::ShowModeHint(std::wstring_view hint) {
+  const std::wstring_view shown = std::exchange(m_modeHint, hint);
+  if (hint == shown) return;
+  if (!hint.empty()) {
+    m_statusBar.SetText(hint, 2, 0);
+  } else if (m_statusBar.Message() == shown) {
+    // What else the status bar says meanwhile is no hint of a mode.
+    ClearMessage();
+  }
+}
+
+void frmhlavni::LeaveTypingModes() {
+  if (!m_postalMode && !m_nameMode) return;
+  optMPSC[kModePostal].SetValue(false);
+  optMPSC[kModeName].SetValue(false);
+  m_postalMode = false;
+  m_nameMode = false;
+  txtMPSC[1].SetText(L"");
+}
+
+void frmhlavni::ChooseRow(std::size_t list) {
+  m_chosenRow = static_cast<List>(list);
+  m_searchingResumed = false;
+}
+
+void frmhlavni::ForgetRow(std::size_t list) {
+  if (m_chosenRow == static_cast<List>(list)) m_chosenRow.reset();
+}
+
+void frmhlavni::ResumeSearching() {
+  m_chosenRow.reset();
+  UpdatePanel();
+}
+
+void frmhlavni::StandOnSelectedResult() {
+  const forms::ListBox& list = lstMPSC[kListResult];
+  m_database.pDetail(list.ListIndex() >= 0 ? list.ItemData(list.ListIndex()) : 0);
+}
+
+}  // namespace kvez

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kvez {
+
+/// The three search modes, indexes of `optMPSC`.
+enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 2 };
+
+/// The three lists, indexes of `lstMPSC`.
+enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
+
+/// What the user has chosen in the search panel.
+struct PanelChoice {
+  std::optional<SearchMode> mode = {};
+  std::optional<List> row = {};   // the list whose selected row was chosen last; none when that row is gone
+  bool samePostalCode = false;    // the result holds the municipalities of one PSČ
+  bool aboutIsOpen = false;       // it lies over the panel
+  bool searchingResumed = false;  // after the row was chosen, the user came back from the About panel to search
+};
+
+/// What the search panel offers then.
+struct PanelOffer {
+  std::optional<SearchMode> mode = {};  // a municipality that is on show ends the modes in which one types
+  bool search = false;                  // Vyhledej can be pressed
+  bool commonPostalCode = false;        // "Obce k PSČ" is there
+  std::wstring_view hint;               // what the status bar says about the mode; empty without one
+};
+
+/// A function that needs no window: the same choice always has the same offer.
+PanelOffer OfferOf(const PanelChoice& choice);
+
+}  // namespace kvez
