@@ -124,6 +124,8 @@ void frmhlavni::tmrMPSC_Timer() {
     VyhledejPSC();
   } else if (m_nameMode) {
     SelectBeginning(kListAll);
+  } else {
+    SayThatNoModeIsChosen();
   }
 }
 

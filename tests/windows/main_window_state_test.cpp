@@ -331,6 +331,71 @@ TEST_F(PanelState, SearchingWithoutAModeAsksForOneAndChangesNothing) {
   expectTheSame("the button after About");
 }
 
+TEST_F(PanelState, TheLightBlueFieldAsksForAModeToo) {
+  frmhlavni& window = OpenInFront();
+  ClickRow(window.lstMPSC[kListAll], 0);
+  ClickOn(window.txtMPSC[1]);
+  TypeText(L"mik");
+  PressKey(VK_RETURN);
+  EXPECT_EQ(Status(), L"Nejdříve zvolte PSČ, Obec nebo Okres.");
+  EXPECT_EQ(window.lstMPSC[kListAll].ListIndex(), 0);
+}
+
+TEST_F(PanelState, TheSelectedRowCanBeChosenAgainAfterAChangeOfTheMode) {
+  frmhlavni& window = OpenInFront();
+  Search(L"mikulov");
+  ClickRow(window.lstMPSC[kListResult], 0);
+  PressKey('M', true);
+  ASSERT_EQ(window.lblNPSCHT[0].Caption(), L"");
+  ASSERT_FALSE(window.tlHObcePSC.Visible());
+  // Not the second half of a double click.
+  test::PointAt(test::OnScreen(window.lstMPSC[kListResult].Handle(), 60, 4));
+  test::PressButton();
+  test::ReleaseButton();
+  EXPECT_EQ(window.lblNPSCHT[0].Caption(), L"Mikulov");
+  EXPECT_TRUE(window.tlHObcePSC.Visible());
+}
+
+TEST_F(PanelState, ASuccessfulUpdateEndsTheDeferredSearch) {
+  frmhlavni& window = OpenSearchingWhileTyping();
+  ClickOn(window.txtMPSC[1]);
+  TypeText(L"b");
+  ClickOn(window.tlHAktualizace);
+  ASSERT_EQ(m_commands.downloader.downloads.size(), 3U);
+  EXPECT_EQ(window.txtMPSC[1].Text(), L"");
+  EXPECT_FALSE(window.tmrMPSC.Enabled());
+}
+
+TEST_F(PanelState, AFailedUpdateLeavesTheDeferredSearchItsTurn) {
+  frmhlavni& window = OpenSearchingWhileTyping();
+  m_commands.downloader.results = {{L"vd1.kl_", 1}};
+  ClickOn(window.txtMPSC[1]);
+  TypeText(L"mi");
+  int ticks = 0;
+  m_commands.downloader.onDownload = [&](const std::wstring&, const std::wstring&) {
+    HurryDeferredSearch();
+    const test::MessageWatch watch(window.Handle(), WM_TIMER, [&] { ++ticks; });
+    const int before = ticks;
+    EXPECT_TRUE(test::PumpUntil([&] { return ticks > before + 1; }));
+    EXPECT_EQ(window.lstMPSC[kListAll].ListIndex(), -1);
+  };
+  ClickOn(window.tlHAktualizace);
+  EXPECT_GE(ticks, 6);
+  EXPECT_TRUE(test::PumpUntil([&] { return window.lstMPSC[kListAll].ListIndex() == 2; }));
+  EXPECT_EQ(Status(), L"Byla zachována původní databáze.");
+}
+
+TEST_F(PanelState, AboutLeavesTheOfferOfTheSelectedRow) {
+  frmhlavni& window = OpenInFront();
+  Search(L"mikulov");
+  ClickRow(window.lstMPSC[kListResult], 0);
+  PressKey('O', false, false, true);
+  PressKey(VK_ESCAPE);
+  ASSERT_TRUE(window.tlHObcePSC.Visible());
+  PressKey('B', false, false, true);
+  EXPECT_EQ(Rows(window.lstMPSC[kListResult]), (Strings{L"Bavory", L"Mikulov"}));
+}
+
 TEST_F(PanelState, AnEmptyResultHasNoExtentOnAnyRoad) {
   frmhlavni& window = OpenInFront();
   const auto find = [&] {
