@@ -1,6 +1,7 @@
 #include "forms/list_box.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace kvez::forms {
@@ -58,11 +59,18 @@ void ListBox::Clear() {
 }
 
 void ListBox::AddRow(std::wstring_view text, std::int32_t data) {
+  if (Handle() == nullptr) return;
   m_row.assign(text);
-  if (Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str())) >= 0) m_data.push_back(data);
+  m_data.push_back(data);
+  if (Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str())) >= 0) return;
+  // A row that the box has no room for: the others would look like all of them.
+  m_data.pop_back();
+  throw std::bad_alloc();
 }
 
 void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
+  // First of all: without memory no filling has begun.
+  m_data.reserve(m_data.size() + rows);
   if (m_fillDepth++ == 0) {
     Native(WM_SETREDRAW, FALSE);
     // The box itself holds back its rows only, not its scroll bars, which it draws at every change. For the system a
@@ -70,7 +78,6 @@ void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
     DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
   }
   m_drawsLater = false;
-  m_data.reserve(m_data.size() + rows);
   const std::size_t bytes = (characters + rows) * sizeof(wchar_t);
   Native(LB_INITSTORAGE, rows, static_cast<LPARAM>(bytes));
 }

@@ -91,7 +91,9 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void BeginStep(std::wstring_view status, std::wstring_view message);
   void BeginStep(std::wstring_view message);
   void ShowMessage(std::wstring_view message);
+  void LoadAndFillLists();
   void FillLists();
+  void ShowNoData();
   std::wstring LastUpdateText() const;
   bool ConfirmsExit();
 

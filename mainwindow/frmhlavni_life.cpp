@@ -20,7 +20,8 @@ void frmhlavni::Form_Load() {
     for (tlText* button : {&tlHWWW, &tlHPCInfo, &tlHStorno}) button->SetFocusDraw(tlHMeil.FocusDraw());
     CentreMessagePanel();
     picMPSCPI.SetVisible(true);
-    NactiDatabazi();
+    // Whatever the loading fails with: the window is there and can load again.
+    forms::Guarded([this] { NactiDatabazi(); });
   }
   if (!IsOpen()) return;
   m_busy = false;
@@ -42,27 +43,45 @@ void frmhlavni::NactiDatabazi() {
   {
     const HourglassScope hourglass;
     m_statusBar.SetIcon(2, -1, L"NACITANI");
-    BeginStep(L"Načítání databáze obcí ze souboru.", L"Strpení prosím, načítám databázi obcí.");
-    m_database.pscNacti(*this);
-    // Each of the three may show a message, over which the program can be closed.
-    if (!IsOpen()) return;
-    BeginStep(L"Načítání databáze dodávacích pošt ze souboru.", L"Strpení prosím, načítám databázi pošt.");
-    m_database.pscpNacti(*this);
-    if (!IsOpen()) return;
-    BeginStep(L"Načítání databáze okresů ze souboru.", L"Strpení prosím, načítám databázi okresů.");
-    m_database.pscoNacti(*this);
-    if (!IsOpen()) return;
-    if (m_database.pscCelkem() > 0) {
-      FillLists();
-    } else {
-      // After an update that brought no good list, what stood here belongs to no data any more.
-      for (const List list : {kListAll, kListDistricts}) lstMPSC[list].Clear();
-      picMPSCPI.SetVisible(false);
+    try {
+      LoadAndFillLists();
+    } catch (...) {
+      if (!IsOpen()) return;
+      // Memory ran out, most likely. A part of the lists would be worse than none: the rows would lead nowhere.
+      m_database.pscUvolni();
+      ShowNoData();
+      optMPSC[kModeDistrict].SetVisible(false);
+      forms::ReportCurrentException();
     }
   }
+  if (!IsOpen()) return;
   const std::wstring updated = LastUpdateText();
   tlHAktualizace.SetToolTipText(updated);
   m_statusBar.SetText(updated, 2, 0);
+}
+
+void frmhlavni::LoadAndFillLists() {
+  BeginStep(L"Načítání databáze obcí ze souboru.", L"Strpení prosím, načítám databázi obcí.");
+  m_database.pscNacti(*this);
+  // Each of the three may show a message, over which the program can be closed.
+  if (!IsOpen()) return;
+  BeginStep(L"Načítání databáze dodávacích pošt ze souboru.", L"Strpení prosím, načítám databázi pošt.");
+  m_database.pscpNacti(*this);
+  if (!IsOpen()) return;
+  BeginStep(L"Načítání databáze okresů ze souboru.", L"Strpení prosím, načítám databázi okresů.");
+  m_database.pscoNacti(*this);
+  if (!IsOpen()) return;
+  if (m_database.pscCelkem() > 0) {
+    FillLists();
+  } else {
+    ShowNoData();
+  }
+}
+
+// What stood in the lists before, an update that brought nothing good having come between, belongs to no data any more.
+void frmhlavni::ShowNoData() {
+  for (const List list : {kListAll, kListResult, kListDistricts}) lstMPSC[list].Clear();
+  picMPSCPI.SetVisible(false);
 }
 
 void frmhlavni::BeginStep(std::wstring_view status, std::wstring_view message) {

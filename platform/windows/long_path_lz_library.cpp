@@ -4,10 +4,11 @@
 
 #include <lzexpand.h>
 
-#include <optional>
+#include <new>
+#include <utility>
 #include <vector>
 
-#include "platform/portable/szdd.h"
+#include "platform/portable/lz_expansion.h"
 #include "platform/windows/whole_file.h"
 
 namespace kvez {
@@ -24,8 +25,11 @@ std::int32_t Write(const std::vector<std::uint8_t>& bytes, HANDLE target) {
 std::int32_t LongPathLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
   if (mode == LzMode::Delete) return DeleteFileW(path.c_str()) ? 0 : LZERROR_BADINHANDLE;
   const bool create = mode == LzMode::Create;
-  const HANDLE file = CreateFileW(path.c_str(), create ? GENERIC_WRITE : GENERIC_READ, create ? 0 : FILE_SHARE_READ,
-                                  nullptr, create ? CREATE_ALWAYS : OPEN_EXISTING, 0, nullptr);
+  const auto open = [&] {
+    return CreateFileW(path.c_str(), create ? GENERIC_WRITE : GENERIC_READ, create ? 0 : FILE_SHARE_READ, nullptr,
+                       create ? CREATE_ALWAYS : OPEN_EXISTING, 0, nullptr);
+  };
+  const HANDLE file = m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE);
   if (file == INVALID_HANDLE_VALUE) return create ? LZERROR_BADOUTHANDLE : LZERROR_BADINHANDLE;
   m_open.emplace(++m_lastHandle, OwnedFile(file));
   return m_lastHandle;
@@ -36,11 +40,14 @@ std::int32_t LongPathLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   if (from == m_open.end()) return LZERROR_BADINHANDLE;
   const auto to = m_open.find(target);
   if (to == m_open.end()) return LZERROR_BADOUTHANDLE;
-  const auto file = ReadWholeFile(from->second.Get());
-  if (!file) return LZERROR_READ;
-  if (!IsSzdd(*file)) return Write(*file, to->second.Get());
-  const SzddResult expanded = ExpandSzdd(*file);
-  return expanded.Ok() ? Write(expanded.bytes, to->second.Get()) : LZERROR_READ;
+  try {
+    auto file = ReadWholeFile(from->second.Get());
+    if (!file) return LZERROR_READ;
+    const LzExpansion expansion = ExpandAsLibrary(std::move(*file));
+    return expansion.result < 0 ? expansion.result : Write(expansion.bytes, to->second.Get());
+  } catch (const std::bad_alloc&) {
+    return LZERROR_GLOBALLOC;
+  }
 }
 
 void LongPathLzLibrary::Close(std::int32_t handle) { m_open.erase(handle); }

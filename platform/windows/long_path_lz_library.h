@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "platform/lz_library.h"
 #include "platform/windows/owned.h"
+#include "platform/windows/patience.h"
 
 namespace kvez {
 
@@ -13,11 +15,14 @@ namespace kvez {
 /// same answers. A damaged file is copied to nothing.
 class LongPathLzLibrary : public LzLibrary {
  public:
+  explicit LongPathLzLibrary(Patience patience = {}) : m_patience(std::move(patience)) {}
+
   std::int32_t OpenFile(const std::wstring& path, LzMode mode) override;
   std::int32_t Copy(std::int32_t source, std::int32_t target) override;
   void Close(std::int32_t handle) override;
 
  private:
+  Patience m_patience;
   std::map<std::int32_t, OwnedFile> m_open;
   std::int32_t m_lastHandle = 0;
 };

@@ -24,8 +24,10 @@ HANDLE OrNone(HANDLE file) { return file == INVALID_HANDLE_VALUE ? nullptr : fil
 }  // namespace
 
 std::optional<std::vector<std::uint8_t>> WindowsFiles::Read(const std::wstring& path) {
-  const OwnedFile file(
-      OrNone(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)));
+  const auto open = [&] {
+    return CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  };
+  const OwnedFile file(OrNone(m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE)));
   if (!file) return std::nullopt;
   return ReadWholeFile(file.Get());
 }

@@ -4,13 +4,14 @@
 
 #include <lzexpand.h>
 
-#include <array>
-#include <cstring>
-#include <optional>
+#include <new>
+#include <string_view>
+#include <utility>
 
-#include "platform/portable/szdd.h"
+#include "platform/portable/lz_expansion.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/whole_file.h"
 
 namespace kvez {
 namespace {
@@ -18,31 +19,51 @@ namespace {
 // The handles of long paths are told from the system's by this offset, far above what either hands out.
 constexpr std::int32_t kLongPathHandles = 0x40000000;
 
-WORD Style(LzMode mode) {
-  switch (mode) {
-    case LzMode::Create:
-      return OF_CREATE;
-    case LzMode::Delete:
-      return OF_DELETE;
-    case LzMode::Read:
-      break;
-  }
-  return OF_READ;
+// Refused a name because somebody holds that file, the system's library makes one with "_" at its end instead. It is
+// asked only for a name that can be had, and what it has made nevertheless goes again.
+INT Make(std::string& path) {
+  const HANDLE probe = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
+  if (probe == INVALID_HANDLE_VALUE) return HFILE_ERROR;
+  CloseHandle(probe);
+  OFSTRUCT opened{};
+  opened.cBytes = sizeof opened;
+  const INT handle = LZOpenFileA(path.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
+  const std::string_view made(opened.szPathName);
+  if (handle < 0 || !made.ends_with('_') || path.ends_with('_')) return handle;
+  LZClose(handle);
+  DeleteFileA(opened.szPathName);
+  SetLastError(ERROR_SHARING_VIOLATION);
+  return HFILE_ERROR;
 }
 
-// The expanded size that a compressed file declares, or nothing for any other file.
-std::optional<std::uint32_t> DeclaredSize(const std::wstring& path) {
+INT Open(std::string& path, WORD style) {
+  OFSTRUCT opened{};
+  opened.cBytes = sizeof opened;
+  return LZOpenFileA(path.data(), &opened, style);
+}
+
+// Refused a file, the system's library looks for one with "_" at its end, and says what was wrong with that one.
+INT OpenForReading(std::string& path) {
+  const INT handle = Open(path, OF_READ | OF_SHARE_DENY_WRITE);
+  if (handle != HFILE_ERROR) return handle;
+  const HANDLE probe = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (probe == INVALID_HANDLE_VALUE) return HFILE_ERROR;
+  CloseHandle(probe);
+  SetLastError(ERROR_SHARING_VIOLATION);  // it was held until just now
+  return HFILE_ERROR;
+}
+
+// What the copy of a file must come to: its bytes, or what is wrong with it.
+std::int32_t ExpectedResult(const std::wstring& path) {
   const HANDLE opened =
       CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) return std::nullopt;
-  const OwnedFile file(opened);
-  std::array<std::uint8_t, 14> header{};
-  DWORD read = 0;
-  if (!ReadFile(file.Get(), header.data(), static_cast<DWORD>(header.size()), &read, nullptr)) return std::nullopt;
-  if (read != header.size() || !IsSzdd(header)) return std::nullopt;
-  std::uint32_t size = 0;
-  std::memcpy(&size, header.data() + 10, sizeof size);
-  return size;
+  if (opened == INVALID_HANDLE_VALUE) return LZERROR_READ;
+  try {
+    auto file = ReadWholeFile(OwnedFile(opened).Get());
+    return file ? ExpandAsLibrary(std::move(*file)).result : LZERROR_READ;
+  } catch (const std::bad_alloc&) {
+    return LZERROR_GLOBALLOC;
+  }
 }
 
 }  // namespace
@@ -53,10 +74,17 @@ std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
     const std::int32_t handle = m_longPaths.OpenFile(path, mode);
     return handle < 0 || mode == LzMode::Delete ? handle : handle + kLongPathHandles;
   }
-  OFSTRUCT opened{};
-  opened.cBytes = sizeof opened;
-  const INT handle = LZOpenFileA(bytes->data(), &opened, Style(mode));
-  if (handle >= 0 && mode != LzMode::Delete) m_open[handle] = path;
+  // What cannot be deleted now is deleted by the program that holds it.
+  if (mode == LzMode::Delete) return Open(*bytes, OF_DELETE);
+  const auto open = [&] { return mode == LzMode::Create ? Make(*bytes) : OpenForReading(*bytes); };
+  const INT handle = m_patience.OpenPatiently(open, INT{HFILE_ERROR});
+  if (handle < 0) return handle;
+  try {
+    m_open[handle] = path;
+  } catch (...) {
+    LZClose(handle);
+    throw;
+  }
   return handle;
 }
 
@@ -68,11 +96,11 @@ std::int32_t WindowsLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   }
   const auto open = m_open.find(source);
   if (open == m_open.end()) return LZERROR_BADINHANDLE;
+  // The system's library takes some damaged files for good ones: cut ones, and such with a byte too many.
+  const std::int32_t expected = ExpectedResult(open->second);
+  if (expected <= 0) return expected;
   const std::int32_t written = LZCopy(source, target);
-  // The system's library may take a cut file for a good one and say how little came out of it.
-  const auto declared = DeclaredSize(open->second);
-  if (written >= 0 && declared && *declared != static_cast<std::uint32_t>(written)) return LZERROR_READ;
-  return written;
+  return written < 0 || written == expected ? written : LZERROR_READ;
 }
 
 void WindowsLzLibrary::Close(std::int32_t handle) {
