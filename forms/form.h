@@ -160,6 +160,8 @@ class Form : public Window, public Container {
   bool TranslateButtonKey(const MSG& message);
   void CreateToolTip();
   void RescaleToolTip();
+  int ToolTipWidth() const;
+  std::wstring FittingToolTip(const Control& control) const;
 
   unsigned m_dpi = 96;
   OwnedFont m_font;

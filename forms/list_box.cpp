@@ -104,13 +104,13 @@ void ListBox::SetHorizontalExtent(int pixels) {
 }
 
 int ListBox::ItemFromPoint(int x, int y) const {
-  const LRESULT answer = Native(LB_ITEMFROMPOINT, 0, MAKELPARAM(x, y));
-  // The high half tells that the point is outside of the box.
-  if (HIWORD(answer) != 0 || LOWORD(answer) >= ListCount()) return -1;
-  // Below the last row of a short list the nearest row is answered.
-  RECT row{};
-  Native(LB_GETITEMRECT, LOWORD(answer), reinterpret_cast<LPARAM>(&row));
-  return y < row.bottom ? LOWORD(answer) : -1;
+  // Reckoned here: the box's own answer has 16 bits for the row, and a list may have more rows than those can tell.
+  RECT client{};
+  if (Handle() == nullptr || !GetClientRect(Handle(), &client) || !PtInRect(&client, {x, y})) return -1;
+  const auto rowHeight = static_cast<int>(Native(LB_GETITEMHEIGHT));
+  if (rowHeight <= 0) return -1;
+  const int row = static_cast<int>(Native(LB_GETTOPINDEX)) + y / rowHeight;
+  return row < ListCount() ? row : -1;
 }
 
 int ListBox::FindString(std::wstring_view text) const {

@@ -191,6 +191,20 @@ TEST_F(ListBoxTest, ItemFromPointKnowsWhereTheRowsEnd) {
   EXPECT_EQ(list.ItemFromPoint(5, 1), -1);
 }
 
+TEST_F(ListBoxTest, ItemFromPointCountsBeyondSixteenBits) {
+  Fill(70000);
+  const int height = static_cast<int>(SendMessageW(list.Handle(), LB_GETITEMHEIGHT, 0, 0));
+  for (const int top : {0, 1, 65534, 65535, 65536, 69990}) {
+    SendMessageW(list.Handle(), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
+    const int first = static_cast<int>(SendMessageW(list.Handle(), LB_GETTOPINDEX, 0, 0));
+    EXPECT_EQ(list.ItemFromPoint(5, 1), first);
+    EXPECT_EQ(list.ItemFromPoint(5, 3 * height + 1), first + 3);
+  }
+  EXPECT_EQ(list.ItemFromPoint(5, -1), -1);
+  EXPECT_EQ(list.ItemFromPoint(-1, 1), -1);
+  EXPECT_EQ(list.ItemFromPoint(5, 100000), -1);
+}
+
 TEST_F(ListBoxTest, FindStringIgnoresCaseAndBeginsAtTheTop) {
   list.AddRow(L"Brno", 1);
   list.AddRow(L"Praha", 2);

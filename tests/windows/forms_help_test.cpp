@@ -7,6 +7,7 @@
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/text_box.h"
+#include "forms/tool_tip_text.h"
 #include "tests/support/window_test.h"
 
 namespace kvez::forms {
@@ -68,6 +69,61 @@ TEST(ToolTips, ShowUnderThePointer) {
     return false;
   }));
   test::PointAt(test::FarAway());
+}
+
+/// The tooltip that the form shows now; null for none.
+HWND ShownToolTip(const Form& form) {
+  for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+    if (GetWindow(tip, GW_OWNER) == form.Handle() && IsWindowVisible(tip)) return tip;
+  }
+  return nullptr;
+}
+
+TEST(ToolTips, AreNeverWiderThanTheirWindow) {
+  TestForm form;
+  CheckBox check;
+  check.Create(form, 1, {600, 600, 1500, 285}, L"a");
+  const std::wstring sentence = L"Vytvoří seznam obcí pro PSČ.";
+  const auto width = [](HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place.right - place.left;
+  };
+  test::PointAt(test::FarAway());
+  ASSERT_TRUE(test::ShowActive(form));
+  for (const unsigned dpi : {96U, 144U}) {
+    form.ChangeDpi(dpi);
+    for (const std::wstring& text :
+         {std::wstring(300, L'W'), std::wstring(300, L'i'), sentence + std::wstring(65000, L'W') + L" a b",
+          sentence + L" " + sentence + L" " + sentence + L" " + sentence, std::wstring(200, L'Ж')}) {
+      check.SetToolTipText(text);
+      test::PointAt(test::CenterOf(check.Handle()));
+      ASSERT_TRUE(test::PumpUntil([&] { return ShownToolTip(form) != nullptr; }));
+      EXPECT_LE(width(ShownToolTip(form)), width(form.Handle())) << text.substr(0, 40) << " " << dpi;
+      test::PointAt(test::FarAway());
+      ASSERT_TRUE(test::PumpUntil([&] { return ShownToolTip(form) == nullptr; }));
+    }
+  }
+}
+
+// A ruler for the head: every character is 10 wide.
+std::wstring FitTens(std::wstring_view text, int width) {
+  return FitToolTip(text, width, [](std::wstring_view part) { return 10 * static_cast<int>(part.size()); });
+}
+
+TEST(ToolTips, OnlyWordsThatAreTooWideAreBroken) {
+  EXPECT_EQ(FitTens(L"", 50), L"");
+  EXPECT_EQ(FitTens(L"Praha 1 a Brno", 50), L"Praha 1 a Brno");
+  EXPECT_EQ(FitTens(L"Praha  1", 40), L"Prah\r\na  1");
+  EXPECT_EQ(FitTens(L"abcdefghi", 30), L"abc\r\ndef\r\nghi");
+  EXPECT_EQ(FitTens(L"ab\nabcd", 30), L"ab\nabc\r\nd");
+  // Narrower than any character: one stands in each line.
+  EXPECT_EQ(FitTens(L"abc", 5), L"a\r\nb\r\nc");
+}
+
+TEST(ToolTips, OfAnEndlessTextTheBeginningIsLeft) {
+  EXPECT_EQ(FitTens(std::wstring(400, L'a'), 4000), std::wstring(400, L'a'));
+  EXPECT_EQ(FitTens(std::wstring(401, L'a'), 4000), std::wstring(400, L'a') + L"…");
 }
 
 std::wstring AccessibleText(const Control& control, HRESULT (STDMETHODCALLTYPE IAccessible::*getter)(VARIANT, BSTR*)) {
