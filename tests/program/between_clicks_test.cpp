@@ -25,7 +25,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr int kResultList = kLstMPSC + 1;
+constexpr int kFoundList = kLstMPSC + 1;
 constexpr int kLightBlueField = kTxtMPSC + 1;
 constexpr const wchar_t* kExitQuestion = L"Přejete si program ukončit ?";
 
@@ -112,7 +112,7 @@ TEST_F(BetweenClicks, AnEndOfTheSessionThatIsRefusedOrCalledOffLeavesAProgramTha
     SendMessageW(program.MainWindow(), WM_ENDSESSION, FALSE, 0);
   }
   Search(program, L"klentnice");
-  EXPECT_EQ(program.ListCount(kResultList), 1);
+  EXPECT_EQ(program.ListCount(kFoundList), 1);
 }
 
 TEST_F(BetweenClicks, ClosingWhileItLoadsEndsWithoutAMessageAfterTheGoodbye) {
@@ -164,7 +164,7 @@ TEST_F(BetweenClicks, AnExportHasTheRowsOfItsHeading) {
   program.Focus(kLightBlueField);
   TypeText(L"691");
   ASSERT_TRUE(WaitUntil([&] { return program.Text(kLblMPSCN) == L"Obce s PSČ začínající na  \"691\"."; }));
-  const int rows = program.ListCount(kResultList);
+  const int rows = program.ListCount(kFoundList);
   TypeText(L"1");
   ASSERT_TRUE(ChooseFromListMenu(program, MenuCommand::Export));
   EXPECT_TRUE(program.Answer(program.WaitDialog(), IDYES));

@@ -125,10 +125,10 @@ void MovePointer(POINT screen) {
 
 void ClickAt(POINT screen, bool rightButton) {
   MovePointer(screen);
-  PressButton(rightButton);
+  ClickInPlace(rightButton);
 }
 
-void PressButton(bool rightButton) {
+void ClickInPlace(bool rightButton) {
   INPUT inputs[2] = {};
   inputs[0].type = inputs[1].type = INPUT_MOUSE;
   inputs[0].mi.dwFlags = static_cast<DWORD>(rightButton ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);

@@ -22,7 +22,7 @@ void MovePointer(POINT screen);
 void ClickAt(POINT screen, bool rightButton = false);
 /// Their parts, for who does not wait: movements that may come late or not at all, and a click wherever the pointer is.
 void HurryPointer(POINT screen);
-void PressButton(bool rightButton = false);
+void ClickInPlace(bool rightButton = false);
 POINT CentreOf(HWND window);
 
 /// Texts of another process's windows.

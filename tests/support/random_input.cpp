@@ -60,7 +60,7 @@ void RandomInput::SendEvent(const Program& program) {
       break;
     default:
       HurryPointer(PlaceBesideCommands(program));
-      PressButton(Pick(0, 9) == 0);
+      ClickInPlace(Pick(0, 9) == 0);
       break;
   }
 }
