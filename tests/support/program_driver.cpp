@@ -119,8 +119,20 @@ void MovePointer(POINT screen) {
     POINT pointer{};
     return GetCursorPos(&pointer) && pointer.x == screen.x && pointer.y == screen.y;
   };
-  WaitUntil(isThere);
-  HurryPointer(screen);
+  if (HoldsWithin(0.4, isThere)) {
+    HurryPointer(screen);
+    return;
+  }
+  // An open menu has the display's pointer for itself, and hears of movements as input only.
+  const int width = GetSystemMetrics(SM_CXSCREEN);
+  const int height = GetSystemMetrics(SM_CYSCREEN);
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  // Absolute coordinates run from 0 to 65535; the half pixel keeps the rounding inside the wanted one.
+  input.mi.dx = static_cast<LONG>((screen.x + 0.5) * 65536.0 / width);
+  input.mi.dy = static_cast<LONG>((screen.y + 0.5) * 65536.0 / height);
+  input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+  SendInput(1, &input, sizeof input);
 }
 
 void ClickAt(POINT screen, bool rightButton) {
