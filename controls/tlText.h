@@ -175,7 +175,7 @@ class tlText : public forms::Control {
   tlTextHost* m_host = &tlTextHost::RunningForm();
   std::wstring m_displayName;
   std::wstring m_accessKeys;
-  ShellExecuteFunction m_shellExecute = &ShellExecuteA;
+  ShellExecuteFunction m_shellExecute;  // empty for the shell's own
   RunTimeFields m_run;
   bool m_pointerAnnounced = false;  // the last MouseMoveEnabled was true
   bool m_releasingCapture = false;

@@ -4,6 +4,7 @@
 #include "forms/form.h"
 #include "forms/input_gate.h"
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/system_library.h"
 
 namespace kvez {
 namespace {
@@ -237,9 +238,11 @@ void tlText::PerformAction(bool applyDefaults) {
 void tlText::ShellOpen(const std::wstring& target) {
   const std::string file = ToSystemCodePage(target);
   const std::string parameters = ToSystemCodePage(m_seParameters);
+  const ShellExecuteFunction execute =
+      m_shellExecute ? m_shellExecute : RequiredFunction<decltype(ShellExecuteA)>(L"shell32.dll", "ShellExecuteA");
   // A failed opening shows no message.
   Keep(reinterpret_cast<std::intptr_t>(
-      m_shellExecute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL)));
+      execute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL)));
 }
 
 }  // namespace kvez

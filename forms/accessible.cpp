@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "forms/control.h"
+#include "platform/windows/system_library.h"
 
 namespace kvez::forms {
 namespace {
@@ -170,12 +171,17 @@ std::optional<LRESULT> AnswerGetObject(Control& control, const std::shared_ptr<C
                                        LPARAM lParam) {
   // Only the low half counts: the high one is filled differently by different callers.
   if (static_cast<LONG>(lParam) != static_cast<LONG>(OBJID_CLIENT) || IsEmpty(control.Describe())) return std::nullopt;
+  const HMODULE library = LoadSystemLibrary(L"oleacc.dll");
+  const auto create = SystemFunction<decltype(CreateStdAccessibleObject)>(library, "CreateStdAccessibleObject");
+  const auto handOver = SystemFunction<decltype(LresultFromObject)>(library, "LresultFromObject");
+  // Nobody asks who has not got that library, and whoever asks anyway gets the system's own answer.
+  if (create == nullptr || handOver == nullptr) return std::nullopt;
   void* standard = nullptr;
-  if (FAILED(CreateStdAccessibleObject(control.Handle(), OBJID_CLIENT, __uuidof(IAccessible), &standard))) {
+  if (FAILED(create(control.Handle(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &standard))) {
     return std::nullopt;
   }
   auto* const accessible = new Accessible(life, static_cast<IAccessible*>(standard));
-  const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(accessible));
+  const LRESULT answer = handOver(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(accessible));
   accessible->Release();
   return answer;
 }

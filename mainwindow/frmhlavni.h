@@ -29,8 +29,8 @@ namespace kvez {
 
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
 /// (loading and closing), frmhlavni_search (the search panel), frmhlavni_panel (what it offers), frmhlavni_lists
-/// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet), frmhlavni_about
-/// (the About panel), frmhlavni_commands (the other buttons, hints and keys).
+/// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet), frmhlavni_settings
+/// (the yes/no settings), frmhlavni_about (the About panel), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
@@ -154,6 +154,11 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void RestartSearching();
   void KeepTheDatabase();
 
+  // frmhlavni_settings
+  /// A yes/no setting. One that cannot be read is told of once, and counts as not set until it can.
+  bool IsSet(std::int16_t setting);
+  void TellOfSetting(std::int16_t setting, const std::wstring& reason);
+
   // frmhlavni_about
   void tlHOaplikaci_Click();
   void tlHStorno_Click();
@@ -184,6 +189,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // does not follow the pointer then.
   bool m_busy = true;
   bool m_downloading = false;
+  std::array<bool, 3> m_settingTold{};  // it cannot be read, and the user knows
   bool m_postalMode = false;
   bool m_nameMode = false;
   bool m_districtMode = false;

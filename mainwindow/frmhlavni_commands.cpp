@@ -65,11 +65,14 @@ void frmhlavni::tlHNastaveni_Click() {
     m_settingsWindow->Show();
     return;
   }
-  const forms::InputPause pause(*this);
-  // Kept only once it is loaded: a window whose settings could not be read is of no use.
-  auto window = std::make_unique<frmnastaveni>(m_database, m_services.shortcut, this);
-  window->Show();
-  m_settingsWindow = std::move(window);
+  {
+    const forms::InputPause pause(*this);
+    auto window = std::make_unique<frmnastaveni>(m_database, m_services.shortcut, this);
+    window->Show();
+    m_settingsWindow = std::move(window);
+  }
+  // What could not be read stands unticked there; why, is told over it.
+  for (std::int16_t setting = 0; setting < static_cast<std::int16_t>(m_settingTold.size()); ++setting) IsSet(setting);
 }
 
 // These three do their work through the shell; what is left for here is the status bar.

@@ -7,6 +7,7 @@
 #include "mainwindow/control_ids.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/menu_explanations.h"
+#include "platform/windows/system_library.h"
 
 namespace kvez {
 namespace {
@@ -56,8 +57,7 @@ struct AboutButton {
 constexpr std::array<AboutButton, 4> kAboutButtons = {{
     {&frmhlavni::tlHMeil, kTlHMeil, L"tlHMeil", 2, kMailAddress, L"&E-mail", L"Vaše přání nebo připomínky."},
     {&frmhlavni::tlHWWW, kTlHWWW, L"tlHWWW", 1, kWebPage, L"&Internet", L"Stránky programu."},
-    {&frmhlavni::tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"msinfo32", L"&PC-info",
-     L"Systémové informace Vašeho počítače."},
+    {&frmhlavni::tlHPCInfo, kTlHPCInfo, L"tlHPCInfo", 3, L"", L"&PC-info", L"Systémové informace Vašeho počítače."},
     {&frmhlavni::tlHStorno, kTlHStorno, L"tlHStorno", 0, L"", L"&Storno", L"Návrat na vyhledávání."},
 }};
 
@@ -97,6 +97,8 @@ void frmhlavni::DesignAboutPanel() {
     (this->*row.button).ReadProperties(properties);
     (this->*row.button).SetToolTipText(row.toolTip);
   }
+  // By its full path: the shell would look for the bare name in the working folder and in the program's first.
+  tlHPCInfo.SetSEFile(SystemFolder() + L"\\msinfo32.exe");
 }
 
 void frmhlavni::CreateAboutPanel() {

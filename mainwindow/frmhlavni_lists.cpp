@@ -62,7 +62,7 @@ void frmhlavni::ShowDistrict() {
 }
 
 void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {
-  if (m_busy || m_database.vGetNastaveniRegistr(kSelectUnderPointer) == 0) return;
+  if (m_busy || !IsSet(kSelectUnderPointer)) return;
   forms::ListBox& list = lstMPSC[index];
   const int row =
       list.ItemFromPoint(static_cast<int>(xTwips / TwipsPerPixel()), static_cast<int>(yTwips / TwipsPerPixel()));

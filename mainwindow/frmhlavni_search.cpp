@@ -89,7 +89,7 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
     txtMPSC[1].SetText(L"");
     return;
   }
-  if (m_database.vGetNastaveniRegistr(kSearchWhileTyping) != 0) {
+  if (IsSet(kSearchWhileTyping)) {
     tmrMPSC.SetEnabled(false);
   } else if (keyCode == kKeyEnter) {
     tmrMPSC_Timer();
@@ -97,7 +97,7 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
 }
 
 void frmhlavni::txtMPSC_KeyUp(std::size_t index, std::int16_t& keyCode, std::int16_t /*shift*/) {
-  if (index != 1 || m_database.vGetNastaveniRegistr(kSearchWhileTyping) != 1) return;
+  if (index != 1 || !IsSet(kSearchWhileTyping)) return;
   // These come with other keys, or from the other field; alone they type nothing that could be searched for.
   const bool typesNothing = keyCode == kKeyShift || keyCode == VK_CONTROL || keyCode == VK_MENU;
   if (!typesNothing || m_deferredSearchIsDue) tmrMPSC.SetEnabled(true);

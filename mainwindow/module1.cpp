@@ -11,6 +11,7 @@
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/single_instance.h"
 #include "platform/windows/program_path.h"
+#include "platform/windows/system_library.h"
 #include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_downloader.h"
@@ -26,16 +27,6 @@
 
 namespace kvez {
 namespace {
-
-std::wstring TextOfCoreError(const std::exception_ptr& error) {
-  try {
-    std::rethrow_exception(error);
-  } catch (const ConversionError& conversion) {
-    return conversion.Text();
-  } catch (...) {
-    return {};
-  }
-}
 
 // The services of the machine, the one database object and the one main window, in the order of their needs.
 class Module1 {
@@ -83,7 +74,22 @@ class Module1 {
 
 }  // namespace
 
+std::wstring TextOfCoreError(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const ConversionError& conversion) {
+    return conversion.Text();
+  } catch (const MissingFunction& missing) {
+    return missing.Text();
+  } catch (const SettingsRefused& refused) {
+    return refused.Text();
+  } catch (...) {
+    return {};
+  }
+}
+
 int Main() {
+  UseSystemLibrariesOnly();
   const std::wstring title(kApplicationTitle);
   if (!ClaimSingleInstance()) {
     const std::wstring text = L"Aplikace \"" + title + L"\" je již spuštěna nebo probíhá její ukončování !";

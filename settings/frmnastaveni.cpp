@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "database/application.h"
+#include "database/conversion_error.h"
 #include "forms/dpi.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
@@ -32,6 +33,18 @@ constexpr std::array<Row, 3> kRows{{
 
 using OwnedScreen = Owned<HDC, [](HDC context) { ReleaseDC(nullptr, context); }>;
 
+/// SettingsOpen is false for as long as the object lives: what it ticks is not written back.
+class OnlyShowing {
+ public:
+  OnlyShowing() : m_before(std::exchange(frmnastaveni::SettingsOpen, false)) {}
+  OnlyShowing(const OnlyShowing&) = delete;
+  OnlyShowing& operator=(const OnlyShowing&) = delete;
+  ~OnlyShowing() { frmnastaveni::SettingsOpen = m_before; }
+
+ private:
+  bool m_before;
+};
+
 int LineHeight(HFONT font) {
   const OwnedScreen screen(GetDC(nullptr));
   const ObjectSelection selection(screen.Get(), font);
@@ -41,6 +54,8 @@ int LineHeight(HFONT font) {
 }
 
 }  // namespace
+
+std::wstring_view SettingCaption(std::int16_t setting) { return kRows.at(static_cast<std::size_t>(setting)).caption; }
 
 frmnastaveni::frmnastaveni(clspsc& database, ShortcutPlatform shortcut, const forms::Form* owner)
     : Form({.className = L"KvezNastaveni",
@@ -68,10 +83,7 @@ frmnastaveni::~frmnastaveni() {
 }
 
 void frmnastaveni::Form_Load() {
-  // Each of these raises chkN_Click, which must not write what is only being read.
-  for (std::size_t i = 0; i < chkN.size(); ++i) {
-    chkN[i].SetValue(m_database.vGetNastaveniRegistr(static_cast<std::int16_t>(i)));
-  }
+  for (std::size_t i = 0; i < chkN.size(); ++i) ShowStored(static_cast<std::int16_t>(i));
   SetCaption(std::wstring(kApplicationTitle) + L" - nastavení");
   SettingsOpen = true;
 }
@@ -82,10 +94,27 @@ void frmnastaveni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t) {
   if (KeyCode == VK_ESCAPE) Unload();
 }
 
+// Ticking a box raises chkN_Click, which must not write what is only being read.
+void frmnastaveni::ShowStored(std::int16_t Index) {
+  const OnlyShowing nothingIsWritten;
+  std::int16_t value = 0;
+  try {
+    value = m_database.vGetNastaveniRegistr(Index);
+  } catch (const ConversionError&) {
+    // No number: unticked, so that a click stores one.
+  }
+  chkN[static_cast<std::size_t>(Index)].SetValue(value);
+}
+
 void frmnastaveni::chkN_Click(std::int16_t Index) {
   if (!SettingsOpen) return;
   const std::int16_t value = chkN[static_cast<std::size_t>(Index)].Value();
-  m_database.vSetNastaveniRegistr(Index, value);
+  try {
+    m_database.vSetNastaveniRegistr(Index, value);
+  } catch (...) {
+    ShowStored(Index);
+    throw;
+  }
   if (Index != kShortcutSetting) return;
   // No guard gives the pointer back after an error: an hourglass that stays tells that the work was not finished.
   forms::Screen::SetMousePointer(forms::kPointerHourglass);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "database/clspsc.h"
 #include "forms/buttons.h"
@@ -13,8 +14,12 @@ namespace kvez {
 /// The window identifiers of the check boxes count up from here.
 inline constexpr int kChkN = 300;
 
+/// What the check box of a yes/no setting says.
+std::wstring_view SettingCaption(std::int16_t setting);
+
 /// The settings window: three yes/no settings, each written when it is clicked. There is nothing to confirm and nothing
-/// to take back.
+/// to take back. A setting that cannot be read stands there unticked; one that cannot be written goes back to what is
+/// stored, and the exception to the caller.
 class frmnastaveni : public forms::Form {
  public:
   /// The database keeps the settings; both outlive the window.
@@ -34,6 +39,7 @@ class frmnastaveni : public forms::Form {
 
  private:
   void chkN_Click(std::int16_t Index);
+  void ShowStored(std::int16_t Index);
   void FitCaptions();
   bool CaptionsFit() const;
 

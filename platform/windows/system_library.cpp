@@ -1,15 +1,35 @@
 #include "platform/windows/system_library.h"
 
-#include <string>
-
 namespace kvez {
+
+MissingFunction::MissingFunction(const wchar_t* library, const char* function)
+    : std::runtime_error("A function of the system is missing."),
+      m_text(L"V systému chybí knihovna „" + std::wstring(library) + L"“ nebo její funkce „" +
+             std::wstring(function, function + std::strlen(function)) + L"“.") {}
+
+void UseSystemLibrariesOnly() {
+  // Not the working folder, which Windows 7 would look into.
+  SetDllDirectoryW(L"");
+  constexpr DWORD systemFolder = 0x00000800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
+  // Windows 7 has it since an update of 2011.
+  const auto setFolders =
+      SystemFunction<BOOL WINAPI(DWORD)>(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories");
+  if (setFolders != nullptr) setFolders(systemFolder);
+  // The common controls bring it in by its bare name, with the first window.
+  LoadSystemLibrary(L"uxtheme.dll");
+}
+
+std::wstring SystemFolder() {
+  std::wstring path(MAX_PATH, L'\0');
+  const UINT length = GetSystemDirectoryW(path.data(), MAX_PATH);
+  path.resize(length < MAX_PATH ? length : 0);
+  return path;
+}
 
 HMODULE LoadSystemLibrary(const wchar_t* fileName) {
   // The full path does what LOAD_LIBRARY_SEARCH_SYSTEM32 does, and an unpatched Windows 7 knows it too.
-  std::wstring path(MAX_PATH, L'\0');
-  const UINT length = GetSystemDirectoryW(path.data(), MAX_PATH);
-  if (length == 0 || length >= MAX_PATH) return nullptr;
-  path.resize(length);
+  std::wstring path = SystemFolder();
+  if (path.empty()) return nullptr;
   return LoadLibraryExW(path.append(L"\\").append(fileName).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 

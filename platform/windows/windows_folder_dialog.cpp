@@ -8,6 +8,7 @@
 #include "platform/windows/modal_scope.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/system_library.h"
 
 namespace kvez {
 namespace {
@@ -26,18 +27,24 @@ std::optional<std::wstring> WindowsFolderDialog::Browse(std::wstring_view prompt
   // Joining with an empty text answers with a pointer to the prompt.
   question.lpszTitle = lstrcatA(title.data(), "");
   question.ulFlags = kFlags;
+  auto& browse = RequiredFunction<decltype(SHBrowseForFolderA)>(L"shell32.dll", "SHBrowseForFolderA");
+  auto& getPath = RequiredFunction<decltype(SHGetPathFromIDListW)>(L"shell32.dll", "SHGetPathFromIDListW");
   const ModalScope modal(question.hwndOwner);
-  const OwnedItemList items(SHBrowseForFolderA(&question));
+  const OwnedItemList items(browse(&question));
   if (!items) return std::nullopt;
   std::wstring path(kPathBufferLength, L'\0');
-  SHGetPathFromIDListW(items.Get(), path.data());
+  getPath(items.Get(), path.data());
   return path;
 }
 
 bool WindowsFolderDialog::IsDirectory(const std::wstring& path) {
   // A path that the code page cannot hold is still a good path.
   const auto bytes = ToSystemCodePageExactly(path);
-  return (bytes ? PathIsDirectoryA(bytes->c_str()) : PathIsDirectoryW(path.c_str())) != FALSE;
+  if (bytes) {
+    auto& isDirectory = RequiredFunction<decltype(PathIsDirectoryA)>(L"shlwapi.dll", "PathIsDirectoryA");
+    return isDirectory(bytes->c_str()) != FALSE;
+  }
+  return RequiredFunction<decltype(PathIsDirectoryW)>(L"shlwapi.dll", "PathIsDirectoryW")(path.c_str()) != FALSE;
 }
 
 }  // namespace kvez

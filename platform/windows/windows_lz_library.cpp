@@ -11,6 +11,7 @@
 #include "platform/portable/lz_expansion.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/system_library.h"
 #include "platform/windows/whole_file.h"
 
 namespace kvez {
@@ -18,6 +19,21 @@ namespace {
 
 // The handles of long paths are told from the system's by this offset, far above what either hands out.
 constexpr std::int32_t kLongPathHandles = 0x40000000;
+
+/// The system's library, from the first call on.
+struct SystemLz {
+  HMODULE library = LoadSystemLibrary(L"lz32.dll");
+  decltype(LZOpenFileA)* open = SystemFunction<decltype(LZOpenFileA)>(library, "LZOpenFileA");
+  decltype(LZCopy)* copy = SystemFunction<decltype(LZCopy)>(library, "LZCopy");
+  decltype(LZClose)* close = SystemFunction<decltype(LZClose)>(library, "LZClose");
+
+  bool IsThere() const { return open != nullptr && copy != nullptr && close != nullptr; }
+};
+
+const SystemLz& Lz() {
+  static const SystemLz lz;
+  return lz;
+}
 
 // Refused a name because somebody holds that file, the system's library makes one with "_" at its end instead. It is
 // asked only for a name that can be had, and what it has made nevertheless goes again.
@@ -27,10 +43,10 @@ INT Make(std::string& path) {
   CloseHandle(probe);
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
-  const INT handle = LZOpenFileA(path.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
+  const INT handle = Lz().open(path.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
   const std::string_view made(opened.szPathName);
   if (handle < 0 || !made.ends_with('_') || path.ends_with('_')) return handle;
-  LZClose(handle);
+  Lz().close(handle);
   DeleteFileA(opened.szPathName);
   SetLastError(ERROR_SHARING_VIOLATION);
   return HFILE_ERROR;
@@ -39,7 +55,7 @@ INT Make(std::string& path) {
 INT Open(std::string& path, WORD style) {
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
-  return LZOpenFileA(path.data(), &opened, style);
+  return Lz().open(path.data(), &opened, style);
 }
 
 // Refused a file, the system's library looks for one with "_" at its end, and says what was wrong with that one.
@@ -70,7 +86,7 @@ std::int32_t ExpectedResult(const std::wstring& path) {
 
 std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
   auto bytes = ToSystemCodePageExactly(path);
-  if (!bytes || bytes->size() >= OFS_MAXPATHNAME) {
+  if (!bytes || bytes->size() >= OFS_MAXPATHNAME || !Lz().IsThere()) {
     const std::int32_t handle = m_longPaths.OpenFile(path, mode);
     return handle < 0 || mode == LzMode::Delete ? handle : handle + kLongPathHandles;
   }
@@ -82,7 +98,7 @@ std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
   try {
     m_open[handle] = path;
   } catch (...) {
-    LZClose(handle);
+    Lz().close(handle);
     throw;
   }
   return handle;
@@ -99,7 +115,7 @@ std::int32_t WindowsLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   // The system's library takes some damaged files for good ones: cut ones, and such with a byte too many.
   const std::int32_t expected = ExpectedResult(open->second);
   if (expected <= 0) return expected;
-  const std::int32_t written = LZCopy(source, target);
+  const std::int32_t written = Lz().copy(source, target);
   return written < 0 || written == expected ? written : LZERROR_READ;
 }
 
@@ -110,7 +126,7 @@ void WindowsLzLibrary::Close(std::int32_t handle) {
     return;
   }
   m_open.erase(handle);
-  LZClose(handle);
+  Lz().close(handle);
 }
 
 }  // namespace kvez

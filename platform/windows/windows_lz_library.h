@@ -10,7 +10,8 @@
 namespace kvez {
 
 /// Expansion through the system's LZ library. That library knows paths of fewer than 128 bytes in the 8-bit code page
-/// only; other paths go past it, with the same results. What that library lets pass of a damaged file, it never sees.
+/// only; other paths go past it, with the same results, and all of them where the system has no such library. What that
+/// library lets pass of a damaged file, it never sees.
 class WindowsLzLibrary : public LzLibrary {
  public:
   explicit WindowsLzLibrary(Patience patience = {}) : m_patience(std::move(patience)), m_longPaths(m_patience) {}

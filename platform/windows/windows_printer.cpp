@@ -7,10 +7,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/windows/system_library.h"
+
 namespace kvez {
 namespace {
-
-using OwnedPrinter = Owned<HANDLE, [](HANDLE printer) { ClosePrinter(printer); }>;
 
 constexpr const wchar_t* kFontName = L"Arial";
 constexpr double kPointsPerInch = 72;
@@ -18,23 +18,37 @@ constexpr double kMillimetresPerInch = 25.4;
 constexpr double kTwipsPerInch = 1440;
 constexpr double kRulesPerInch = 300;  // a rule of one three-hundredth of an inch shows on every printer
 
+template <typename Function>
+Function& Spooler(const char* name) {
+  return RequiredFunction<Function>(L"winspool.drv", name);
+}
+
+// What Open has opened, through the library that is loaded since.
+using OwnedPrinter = Owned<HANDLE, [](HANDLE printer) { Spooler<decltype(ClosePrinter)>("ClosePrinter")(printer); }>;
+
 [[noreturn]] void Refuse() { throw std::runtime_error("The printer refuses."); }
 
 int ToInt(double pixels) { return static_cast<int>(std::lround(pixels)); }
 
 std::wstring DefaultPrinterName() {
+  auto& getName = Spooler<decltype(GetDefaultPrinterW)>("GetDefaultPrinterW");
   DWORD length = 0;
-  GetDefaultPrinterW(nullptr, &length);
+  getName(nullptr, &length);
   std::wstring name(length, L'\0');
-  if (length == 0 || !GetDefaultPrinterW(name.data(), &length)) Refuse();
+  if (length == 0 || !getName(name.data(), &length)) Refuse();
   name.resize(length - 1);  // without its NUL
   return name;
 }
 
 OwnedPrinter Open(std::wstring name) {
   HANDLE printer = nullptr;
-  if (!OpenPrinterW(name.data(), &printer, nullptr)) Refuse();
+  if (!Spooler<decltype(OpenPrinterW)>("OpenPrinterW")(name.data(), &printer, nullptr)) Refuse();
   return OwnedPrinter(printer);
+}
+
+LONG DriverProperties(HANDLE printer, std::wstring& name, DEVMODEW* output, DEVMODEW* input, DWORD mode) {
+  auto& ask = Spooler<decltype(DocumentPropertiesW)>("DocumentPropertiesW");
+  return ask(nullptr, printer, name.data(), output, input, mode);
 }
 
 }  // namespace
@@ -56,11 +70,11 @@ DEVMODEW& WindowsPrinter::DeviceMode() {
   if (m_deviceMode.empty()) {
     m_printerName = DefaultPrinterName();
     const OwnedPrinter printer = Open(m_printerName);
-    const LONG size = DocumentPropertiesW(nullptr, printer.Get(), m_printerName.data(), nullptr, nullptr, 0);
+    const LONG size = DriverProperties(printer.Get(), m_printerName, nullptr, nullptr, 0);
     if (size < static_cast<LONG>(sizeof(DEVMODEW))) Refuse();
     std::vector<unsigned char> mode(static_cast<std::size_t>(size));
-    if (DocumentPropertiesW(nullptr, printer.Get(), m_printerName.data(), reinterpret_cast<DEVMODEW*>(mode.data()),
-                            nullptr, DM_OUT_BUFFER) != IDOK) {
+    auto* const output = reinterpret_cast<DEVMODEW*>(mode.data());
+    if (DriverProperties(printer.Get(), m_printerName, output, nullptr, DM_OUT_BUFFER) != IDOK) {
       Refuse();
     }
     m_deviceMode = std::move(mode);
@@ -86,8 +100,7 @@ void WindowsPrinter::ChangeSettings(const PrinterSettings& settings) {
   if (settings.paperSize != 0) mode.dmFields |= DM_PAPERSIZE;
   const OwnedPrinter printer = Open(m_printerName);
   // The driver makes the rest of its data fit.
-  if (DocumentPropertiesW(nullptr, printer.Get(), m_printerName.data(), &mode, &mode, DM_IN_BUFFER | DM_OUT_BUFFER) !=
-      IDOK) {
+  if (DriverProperties(printer.Get(), m_printerName, &mode, &mode, DM_IN_BUFFER | DM_OUT_BUFFER) != IDOK) {
     Refuse();
   }
   m_scale = settings.scale;

@@ -1,7 +1,5 @@
 #include "platform/windows/windows_settings_store.h"
 
-#include <stdexcept>
-
 #include "platform/windows/owned.h"
 
 namespace kvez {
@@ -41,7 +39,7 @@ void WindowsSettingsStore::Save(std::wstring_view application, std::wstring_view
   HKEY opened = nullptr;
   if (RegCreateKeyExW(HKEY_CURRENT_USER, Branch(application, section).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
                       &opened, nullptr) != ERROR_SUCCESS) {
-    throw std::runtime_error("The settings store cannot be opened for writing.");
+    throw SettingsRefused();
   }
   const OwnedRegistryKey branch(opened);
   const std::wstring name(key);
@@ -49,7 +47,7 @@ void WindowsSettingsStore::Save(std::wstring_view application, std::wstring_view
   const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
   if (RegSetValueExW(branch.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes) !=
       ERROR_SUCCESS) {
-    throw std::runtime_error("The settings store refuses to be written.");
+    throw SettingsRefused();
   }
 }
 

@@ -6,20 +6,27 @@
 #include <shlobj.h>
 
 #include "platform/windows/system_code_page.h"
+#include "platform/windows/system_library.h"
 
 namespace kvez {
 namespace {
 
 constexpr std::size_t kPathLength = 260;
 
+template <typename Function>
+Function& Shell32(const char* name) {
+  return RequiredFunction<Function>(L"shell32.dll", name);
+}
+
 }  // namespace
 
 std::wstring WindowsShell::SpecialFolder(std::int32_t folder) {
   // The item list is deliberately not freed: a few bytes, a handful of times in a run, gone with the process.
   PIDLIST_ABSOLUTE items = nullptr;
-  if (FAILED(SHGetSpecialFolderLocation(GetForegroundWindow(), folder, &items))) return {};
+  auto& locate = Shell32<decltype(SHGetSpecialFolderLocation)>("SHGetSpecialFolderLocation");
+  if (FAILED(locate(GetForegroundWindow(), folder, &items))) return {};
   std::string path(kPathLength, ' ');
-  SHGetPathFromIDListA(items, path.data());
+  Shell32<decltype(SHGetPathFromIDListA)>("SHGetPathFromIDListA")(items, path.data());
   return FromSystemCodePage(std::string_view(path).substr(0, path.find('\0')));
 }
 
@@ -39,7 +46,7 @@ std::int32_t WindowsShell::FileOperation(std::int32_t operation, const std::wstr
   job.pFrom = source.c_str();
   job.pTo = destination.c_str();
   job.fFlags = flags;
-  return SHFileOperationA(&job);
+  return Shell32<decltype(SHFileOperationA)>("SHFileOperationA")(&job);
 }
 
 }  // namespace kvez

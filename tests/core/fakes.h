@@ -79,10 +79,12 @@ class SettingsStoreFake : public SettingsStore {
 
   void Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
             std::wstring_view value) override {
+    if (refuses) throw SettingsRefused();
     values[Place(application, section, key)] = value;
   }
 
   std::map<Place, std::wstring> values;
+  bool refuses = false;  // to be written
 };
 
 /// The files of a machine by their full paths.

@@ -3,10 +3,8 @@
 #include <windows.h>
 
 #include <memory>
-#include <stdexcept>
 #include <vector>
 
-#include "database/conversion_error.h"
 #include "forms/message_loop.h"
 #include "forms/mouse_pointer.h"
 #include "settings/frmnastaveni.h"
@@ -214,17 +212,51 @@ TEST_F(Nastaveni, OpenedAgainItShowsTheLastClicks) {
   EXPECT_THAT(settings.writes, ElementsAre(L"nastavení0=1"));
 }
 
-TEST_F(Nastaveni, AStoredTextThatIsNoNumberIsTheOpenersError) {
-  Store(1, L"ano");
-  EXPECT_THROW(Open(), ConversionError);
-  EXPECT_FALSE(frmnastaveni::SettingsOpen);
+TEST_F(Nastaveni, AStoredTextThatIsNoNumberStandsThereUntickedAndIsRepairedByAClick) {
+  Store(0, L"1");
+  Store(2, L"ano");
+  frmnastaveni& opened = Open();
+  EXPECT_TRUE(frmnastaveni::SettingsOpen);
+  EXPECT_EQ(opened.chkN[0].Value(), 1);
+  EXPECT_EQ(opened.chkN[2].Value(), 0);
+  EXPECT_THAT(settings.writes, IsEmpty());
+  opened.chkN[2].SetValue(1);
+  EXPECT_THAT(settings.writes, ElementsAre(L"nastavení2=1"));
+}
+
+TEST_F(Nastaveni, ATickThatCannotBeStoredGoesBack) {
+  Store(0, L"1");
+  frmnastaveni& opened = Open();
+  settings.refusedKey = L"nastavení0";
+  EXPECT_THROW(opened.chkN[0].SetValue(0), SettingsRefused);
+  EXPECT_EQ(opened.chkN[0].Value(), 1);
+  settings.refusedKey = L"nastavení1";
+  EXPECT_THROW(opened.chkN[1].SetValue(1), SettingsRefused);
+  EXPECT_EQ(opened.chkN[1].Value(), 0);
+  // No shortcut without its setting.
+  EXPECT_THAT(automation.steps, IsEmpty());
+  settings.refusedKey = L"nastavení2";
+  Store(2, L"ano");
+  EXPECT_THROW(opened.chkN[2].SetValue(1), SettingsRefused);
+  EXPECT_EQ(opened.chkN[2].Value(), 0);
+  EXPECT_THAT(settings.writes, IsEmpty());
+  EXPECT_TRUE(frmnastaveni::SettingsOpen);
+  settings.refusedKey.clear();
+  opened.chkN[0].SetValue(0);
+  EXPECT_THAT(settings.writes, ElementsAre(L"nastavení0=0"));
+}
+
+TEST_F(Nastaveni, EachSettingHasItsCaption) {
+  EXPECT_EQ(SettingCaption(0), L"Automaticky vybrat v seznamu položku pod kurzorem myši.");
+  EXPECT_EQ(SettingCaption(1), L"Vytvořit zástupce na ploše.");
+  EXPECT_EQ(SettingCaption(2), L"Světlemodré pole - automatické vyhledání po uvolnění klávesy.");
 }
 
 // The hourglass is put back only by a handler that reaches its end.
 TEST_F(Nastaveni, AnErrorWhileMakingTheShortcutLeavesTheHourglass) {
   frmnastaveni& opened = Open();
   settings.refusedKey = L"zástupce";
-  EXPECT_THROW(opened.chkN[1].SetValue(1), std::runtime_error);
+  EXPECT_THROW(opened.chkN[1].SetValue(1), SettingsRefused);
   EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerHourglass);
   EXPECT_THAT(settings.writes, ElementsAre(L"nastavení1=1"));
 }

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,7 +19,7 @@ class FakeSettingsStore : public SettingsStore {
   }
   void Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
             std::wstring_view value) override {
-    if (key == refusedKey) throw std::runtime_error("refused");
+    if (key == refusedKey) throw SettingsRefused();
     values[Path(application, section, key)] = value;
     writes.push_back(std::wstring(key).append(L"=").append(value));
   }
