@@ -17,9 +17,8 @@ set_source_files_properties(resources/kvez.rc PROPERTIES OBJECT_DEPENDS
 set(KVEZ_DOWNLOAD_BASE "https://kvez.example/data/" CACHE STRING "Address of the folder that ./kvez publish lays out")
 set(KVEZ_MAIL "kvez@kvez.example" CACHE STRING "Mail address behind the button E-mail")
 set(KVEZ_WEB "www.kvez.example" CACHE STRING "Web page behind the button Internet, without http://")
-if(NOT KVEZ_DOWNLOAD_BASE MATCHES "/$")
-  message(FATAL_ERROR "KVEZ_DOWNLOAD_BASE must end with a slash; it is ${KVEZ_DOWNLOAD_BASE}")
-endif()
+include(cmake/download-base.cmake)
+kvez_check_download_base("${KVEZ_DOWNLOAD_BASE}")
 set_source_files_properties(mainwindow/addresses.cpp PROPERTIES COMPILE_DEFINITIONS
   "KVEZ_DOWNLOAD_BASE=L\"${KVEZ_DOWNLOAD_BASE}\";KVEZ_MAIL=L\"${KVEZ_MAIL}\";KVEZ_WEB=L\"${KVEZ_WEB}\"")
 

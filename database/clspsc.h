@@ -51,6 +51,11 @@ class clspsc {
   /// The last-write time of the compressed municipality file; all zero when it is missing.
   DateTime pscDatabazeZeDne() const;
 
+  /// A sentence about files that do not belong together: how many municipalities have a code that no post office
+  /// serves, or lie in a district that the list of districts has not. Empty when all of them fit; a list that is empty
+  /// is not asked, it has had its own message.
+  std::wstring pscNesoulad() const;
+
   // Yes/no settings 0, 1, 2: 0 or 1. Get throws ConversionError when the stored text is not a 16-bit number.
   std::int16_t vGetNastaveniRegistr(std::int16_t number) const;
   void vSetNastaveniRegistr(std::int16_t number, std::int16_t value);

@@ -4,6 +4,7 @@
 
 #include "platform/downloader.h"
 #include "platform/help_viewer.h"
+#include "platform/kept_files.h"
 #include "settings/clszastupce.h"
 
 namespace kvez {
@@ -13,6 +14,7 @@ namespace kvez {
 struct CommandServices {
   Downloader& downloader;
   HelpViewer& help;
+  KeptFiles& kept;
   ShortcutPlatform shortcut;
 
   /// Without a trailing separator.

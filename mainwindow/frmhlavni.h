@@ -20,6 +20,7 @@
 #include "mainwindow/command_services.h"
 #include "mainwindow/list_box_adapter.h"
 #include "mainwindow/message_timer.h"
+#include "mainwindow/previous_files.h"
 #include "mainwindow/search_panel_rules.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
@@ -29,8 +30,9 @@ namespace kvez {
 
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
 /// (loading and closing), frmhlavni_search (the search panel), frmhlavni_panel (what it offers), frmhlavni_lists
-/// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet), frmhlavni_settings
-/// (the yes/no settings), frmhlavni_about (the About panel), frmhlavni_commands (the other buttons, hints and keys).
+/// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet),
+/// frmhlavni_previous (the way back from an update), frmhlavni_settings (the yes/no settings), frmhlavni_about (the
+/// About panel), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
@@ -154,6 +156,11 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void RestartSearching();
   void KeepTheDatabase();
 
+  // frmhlavni_previous
+  void OfferPreviousDatabase();
+  void SayThatDatabaseIsKept();
+  void TellOfLooseEnds();
+
   // frmhlavni_settings
   /// A yes/no setting. One that cannot be read is told of once, and counts as not set until it can.
   bool IsSet(std::int16_t setting);
@@ -180,6 +187,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   StatusBar m_statusBar;
   OwnedMenu m_listMenu;
   MessageTimer m_messageTimer;
+  PreviousFiles m_previous;
   std::unique_ptr<frmnastaveni> m_settingsWindow;
   ListBoxAdapter m_allList{lstMPSC[kListAll]};
   ListBoxAdapter m_resultList{lstMPSC[kListResult]};

@@ -68,7 +68,8 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, C
       m_database(database),
       m_platform(platform),
       m_services(std::move(services)),
-      m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()) {
+      m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()),
+      m_previous(m_services.kept, m_services.ProgramFolder()) {
   SetKeyPreview(true);
   // What is created first lies in front.
   CreateMessagePanel();

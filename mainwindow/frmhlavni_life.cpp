@@ -26,6 +26,7 @@ void frmhlavni::Form_Load() {
   if (!IsOpen()) return;
   m_busy = false;
   optMPSC[kModeName].SetValue(true);
+  forms::Guarded([this] { OfferPreviousDatabase(); });
 }
 
 void frmhlavni::Titul() {
@@ -53,6 +54,7 @@ void frmhlavni::NactiDatabazi() {
       optMPSC[kModeDistrict].SetVisible(false);
       forms::ReportCurrentException();
     }
+    if (m_database.pscCelkem() > 0) m_previous.Forget();
   }
   if (!IsOpen()) return;
   const std::wstring updated = LastUpdateText();

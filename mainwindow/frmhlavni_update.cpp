@@ -8,12 +8,11 @@
 #include "forms/input_gate.h"
 #include "mainwindow/addresses.h"
 #include "mainwindow/frmhlavni.h"
+#include "mainwindow/help_file.h"
 #include "mainwindow/scopes.h"
 
 namespace kvez {
 namespace {
-
-constexpr unsigned kMessageMilliseconds = 5000;
 
 struct UpdateFile {
   const wchar_t* name;
@@ -29,13 +28,6 @@ constexpr std::array<UpdateFile, 3> kUpdateFiles = {{
 
 constexpr const wchar_t* kHelpFile = L"kvez.chm";
 
-// Hidden files, system files and folders do not count.
-bool IsNormalFile(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES &&
-         (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY)) == 0;
-}
-
 }  // namespace
 
 void frmhlavni::tlHAktualizace_Click() {
@@ -48,6 +40,8 @@ void frmhlavni::tlHAktualizace_Click() {
   {
     const BusyScope downloading(m_downloading);
     m_statusBar.SetIcon(2, -1, L"STAZENI");
+    // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
+    if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
     for (const UpdateFile& file : kUpdateFiles) {
       // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
       result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
@@ -86,6 +80,8 @@ void frmhlavni::TakeOverDownloadedFiles() {
   NactiDatabazi();
   if (!IsOpen()) return;
   RestartSearching();
+  TellOfLooseEnds();
+  OfferPreviousDatabase();
 }
 
 // What the search panel still showed belonged to records that are gone: it ends as after a fresh start. Only the status
@@ -107,19 +103,20 @@ void frmhlavni::KeepTheDatabase() {
     m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
     return;
   }
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  m_statusBar.SetText(L"Byla zachována původní databáze.", 2, 0);
-  m_messageTimer.Start(kMessageMilliseconds, [this, text = m_statusBar.Message()] {
-    // A hint or another message may have taken its place.
-    if (m_statusBar.Message() == text) ClearMessage();
-  });
+  SayThatDatabaseIsKept();
 }
 
 void frmhlavni::tlHNapoveda_Click() {
   if (!forms::TakesInput(*this)) return;
   const forms::InputPause pause(*this);
   const std::wstring path = CestaNapovedy();
-  if (IsNormalFile(path)) {
+  if (!m_services.help.Takes(path)) {
+    m_platform.messages.Show(
+        L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá nebo obsahuje neznámé znaky.",
+        MessageIcon::Exclamation, kApplicationTitle);
+    return;
+  }
+  if (IsHelpFile(path)) {
     m_services.help.Show(path);
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
@@ -131,11 +128,11 @@ void frmhlavni::tlHNapoveda_Click() {
       result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
     }
     if (!IsOpen()) return;
-    if (result == 0) {
+    if (result == 0 && HasHelpContent(path)) {
       m_services.help.Show(path);
     } else {
-      // A part of the file would pass for the help the next time.
-      if (isNew) DeleteFileW(path.c_str());
+      // A page that says something else instead of the help, or a part of it: nobody needs that.
+      if (isNew || result == 0) DeleteFileW(path.c_str());
       m_platform.messages.Show(L"Stažení souboru nápovědy nebylo úspěšné.", MessageIcon::Exclamation,
                                kApplicationTitle);
     }

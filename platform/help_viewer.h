@@ -9,6 +9,9 @@ class HelpViewer {
  public:
   virtual ~HelpViewer() = default;
 
+  /// Whether the viewer can be given a file of that path.
+  virtual bool Takes(const std::wstring& path) = 0;
+
   /// Opens a help file at its default topic. A file that is none opens nothing.
   virtual void Show(const std::wstring& path) = 0;
 

@@ -24,7 +24,11 @@ std::int32_t WindowsDownloader::Download(const std::wstring& address, const std:
   if (download == nullptr) return E_NOTIMPL;
   // The call is happy with a copy that the system keeps from the last time; without one it has to ask the server.
   if (forget != nullptr) forget(source.c_str());
-  return download(nullptr, source.c_str(), target->c_str(), 0, nullptr);
+  const HRESULT result = download(nullptr, source.c_str(), target->c_str(), 0, nullptr);
+  // What the system has kept of it, of a failed one too: it is of no use to anybody, and a server decides how long it
+  // is.
+  if (forget != nullptr) forget(source.c_str());
+  return result;
 }
 
 }  // namespace kvez

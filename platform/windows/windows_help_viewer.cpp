@@ -21,6 +21,11 @@ void Help(HWND owner, const char* path, UINT command) {
 
 WindowsHelpViewer::WindowsHelpViewer(std::function<HWND()> owner) : m_owner(std::move(owner)) {}
 
+bool WindowsHelpViewer::Takes(const std::wstring& path) {
+  const auto bytes = ToSystemCodePageExactly(path);
+  return bytes && bytes->size() < MAX_PATH;
+}
+
 void WindowsHelpViewer::Show(const std::wstring& path) {
   m_opened = true;
   Help(m_owner(), ToSystemCodePage(path).c_str(), HH_DISPLAY_TOPIC);

@@ -2,10 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/core/data_bytes.h"
-#include "tests/program/download_base.h"
-#include "tests/program/program_test.h"
-#include "tests/support/http_server.h"
+#include "tests/program/update_fixture.h"
 
 namespace kvez::test {
 namespace {
@@ -13,72 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-const std::wstring kDamaged[] = {L"Soubor se seznamem PSČ je poškozen nebo neexistuje !",
-                                 L"Soubor se seznamem podávacích pošt je poškozen nebo neexistuje !",
-                                 L"Soubor se seznamem okresů je poškozen nebo neexistuje !"};
-
-std::string Text(const fakes::Bytes& bytes) { return {bytes.begin(), bytes.end()}; }
-
-class Update : public ProgramTest {
- protected:
-  void SetUp() override {
-    ProgramTest::SetUp();
-    ASSERT_TRUE(ReplaceDownloadBase(Exe(), server.Base()))
-        << "The built-in download address must stand once in kvez.exe and have at least " << server.Base().size()
-        << " characters.";
-    ServeSmallData();
-  }
-
-  /// Two municipalities, one post office, one district: whoever has them has updated.
-  void ServeSmallData() {
-    fakes::Bytes municipalities;
-    fakes::AppendMunicipality(municipalities, 54232, L"Libňatov", L"Trutnov");
-    fakes::AppendMunicipality(municipalities, 54232, L"Úpice", L"Trutnov");
-    fakes::Bytes postOffices;
-    fakes::AppendPostOffice(postOffices, 54232, L"Úpice");
-    fakes::Bytes districts;
-    fakes::AppendDistrict(districts, 3610, L"Trutnov");
-    const fakes::Bytes* files[] = {&municipalities, &postOffices, &districts};
-    for (int i = 0; i < 3; ++i) server.Serve(Name(i), {.body = Text(*files[i])});
-  }
-
-  static std::string Name(int file) { return "vd" + std::to_string(file + 1) + ".kl_"; }
-  static std::wstring Status(const Program& program) { return StatusText(program.StatusBar(), 2); }
-
-  void StartUpdate(const Program& program) {
-    ASSERT_TRUE(program.WaitReady());
-    program.Click(kTlHAktualizace);
-  }
-  /// Waits until exactly these municipalities are listed. Counted first: a whole list takes seconds to read.
-  static bool WaitListed(const Program& program, const std::vector<std::wstring>& names) {
-    return WaitUntil([&] {
-      return !program.IsShown(kPicMPSCPI) && program.ListCount(kLstMPSC) == static_cast<int>(names.size()) &&
-             program.ListTexts(kLstMPSC) == names;
-    });
-  }
-  /// Waits until the update has loaded the data that the server gives.
-  static bool WaitUpdated(const Program& program) { return WaitListed(program, {L"Libňatov", L"Úpice"}); }
-  /// The texts of the messages that come one after the other, each answered, until the program is at rest again.
-  std::vector<std::wstring> AnswerMessages(const Program& program, std::size_t count) {
-    std::vector<std::wstring> texts;
-    while (texts.size() < count) {
-      const Dialog dialog = program.WaitDialog();
-      if (dialog.window == nullptr) break;
-      EXPECT_EQ(dialog.caption, L"Kvez");
-      texts.push_back(dialog.text);
-      program.Answer(dialog, IDOK);
-    }
-    WaitUntil([&] { return !program.IsShown(kPicMPSCPI); });
-    return texts;
-  }
-  static void Close(Program& program) {
-    PostMessageW(program.MainWindow(), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(program.Answer(program.WaitDialog(), IDYES));
-    EXPECT_EQ(program.WaitForEnd(), DWORD{0});
-  }
-
-  HttpServer server;
-};
+using Update = UpdateFixture;
 
 TEST_F(Update, TakesTheNewFilesAndStartsAfresh) {
   Program program(Exe());
@@ -172,6 +104,7 @@ TEST_F(Update, AServerThatDiesInTheMiddleLeavesAProgramThatWorks) {
   const auto messages = AnswerMessages(program, 1);
   ASSERT_EQ(messages.size(), 1U);
   if (messages[0] == kDamaged[0]) {
+    DeclineThePreviousDatabase(program);
     EXPECT_EQ(program.ListCount(kLstMPSC), 0);
   } else {
     EXPECT_EQ(messages[0], L"Aktualizace databáze nebyla úspěšná.");
@@ -224,6 +157,7 @@ TEST_P(UpdateDamage, IsSaidByTheLoading) {
   StartUpdate(program);
   const auto messages = AnswerMessages(program, 1);
   EXPECT_THAT(messages, ElementsAre(kDamaged[file]));
+  if (file == 0) DeclineThePreviousDatabase(program);
   ASSERT_TRUE(WaitUntil([&] { return !Status(program).empty() && !program.OpenDialog(); }));
   EXPECT_TRUE(HasNoExpandedFiles());
 

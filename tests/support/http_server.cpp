@@ -23,6 +23,19 @@ bool SendAll(SOCKET connection, const std::string& bytes) {
   return true;
 }
 
+/// Not an orderly end, but what a machine that dies leaves behind.
+void EndAbruptly(SOCKET connection) {
+  const linger abrupt{1, 0};
+  setsockopt(connection, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&abrupt), sizeof abrupt);
+}
+
+void EndOrderly(SOCKET connection) {
+  shutdown(connection, SD_SEND);
+  char rest[64];
+  while (recv(connection, rest, sizeof rest, 0) > 0) {
+  }
+}
+
 std::string ReadRequest(SOCKET connection) {
   std::string request;
   char buffer[1024];
@@ -76,6 +89,7 @@ void HttpServer::Serve(const std::string& name, HttpAnswer answer) {
 
 void HttpServer::Stop() {
   if (!m_thread.joinable()) return;
+  LetGo();
   closesocket(m_listener);  // ends the accepting
   m_thread.join();
 }
@@ -103,18 +117,41 @@ void HttpServer::Answer(std::uintptr_t connection) {
     if (const auto found = m_answers.find(name); found != m_answers.end()) answer = found->second;
   }
   if (answer.until.valid()) answer.until.wait_for(std::chrono::seconds(60));
-  SendAll(connection, "HTTP/1.1 " + std::to_string(answer.status) +
-                          " Answer\r\nContent-Type: application/octet-stream\r\nConnection: close\r\nContent-Length: " +
-                          std::to_string(answer.body.size()) + "\r\n\r\n" + answer.body.substr(0, answer.sent));
-  if (answer.sent < answer.body.size()) {
-    // Not an orderly end, but what a machine that dies leaves behind.
-    const linger abrupt{1, 0};
-    setsockopt(connection, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&abrupt), sizeof abrupt);
+  const std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " Answer\r\nContent-Type: " + answer.type +
+                           "\r\nConnection: close\r\n";
+  if (answer.then == HttpAnswer::Then::Endless) {
+    if (SendAll(connection, head + "\r\n")) AnswerWithoutEnd(connection, answer);
+    EndOrderly(connection);
+    return;
+  }
+  const std::string body = answer.body.substr(0, answer.sent);
+  SendAll(connection, head + "Content-Length: " + std::to_string(answer.body.size()) + "\r\n\r\n" + body);
+  m_sentBytes += body.size();
+  if (answer.then == HttpAnswer::Then::Stall) {
+    AnswerWithoutEnd(connection, answer);
+    // A connection that is cut off while the other side waits is never noticed by Wine.
+    EndOrderly(connection);
+  } else if (answer.sent < answer.body.size()) {
+    EndAbruptly(connection);
   } else {
-    shutdown(connection, SD_SEND);
-    char rest[64];
-    while (recv(connection, rest, sizeof rest, 0) > 0) {
+    EndOrderly(connection);
+  }
+}
+
+void HttpServer::AnswerWithoutEnd(std::uintptr_t connection, const HttpAnswer& answer) {
+  const bool stalls = answer.then == HttpAnswer::Then::Stall;
+  while (!m_lettingGo) {
+    if (!stalls) {
+      if (!SendAll(connection, answer.body)) return;
+      m_sentBytes += answer.body.size();
+      continue;
     }
+    // Has the other side gone?
+    fd_set waiting{};
+    FD_SET(connection, &waiting);
+    timeval moment{0, 20000};
+    char rest[64];
+    if (select(0, &waiting, nullptr, nullptr, &moment) > 0 && recv(connection, rest, sizeof rest, 0) <= 0) return;
   }
 }
 

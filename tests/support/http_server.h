@@ -1,6 +1,7 @@
 #pragma once
 
-#include <condition_variable>
+#include <atomic>
+#include <cstdint>
 #include <future>
 #include <map>
 #include <mutex>
@@ -18,6 +19,10 @@ struct HttpAnswer {
   std::size_t sent = std::string::npos;
   /// The answer waits for this, when it is given.
   std::shared_future<void> until = {};
+  const char* type = "application/octet-stream";
+  /// Instead of that end: the body comes again and again, without a length announced; or nothing more comes, with the
+  /// connection open. Both last until LetGo, or until the other side gives up.
+  enum class Then { End, Endless, Stall } then = Then::End;
 };
 
 /// A web server on the loopback address, on a free port that the system picks, for one test.
@@ -37,12 +42,18 @@ class HttpServer {
   /// From now on connections are refused.
   void Stop();
 
+  /// Cuts off an answer that would not come to its end.
+  void LetGo() { m_lettingGo = true; }
+  /// How many bytes of bodies have been taken from it so far.
+  std::uint64_t SentBytes() const { return m_sentBytes; }
+
   /// The names asked for so far, in order.
   std::vector<std::string> Requests();
 
  private:
   void Run();
   void Answer(std::uintptr_t connection);
+  void AnswerWithoutEnd(std::uintptr_t connection, const HttpAnswer& answer);
 
   std::uintptr_t m_listener = 0;
   unsigned short m_port = 0;
@@ -50,6 +61,8 @@ class HttpServer {
   std::mutex m_mutex;
   std::map<std::string, HttpAnswer> m_answers;
   std::vector<std::string> m_requests;
+  std::atomic<bool> m_lettingGo = false;
+  std::atomic<std::uint64_t> m_sentBytes = 0;
 };
 
 }  // namespace kvez::test

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "mainwindow/command_services.h"
+#include "tests/core/fakes.h"
 #include "tests/windows/shortcut_fakes.h"
 
 namespace kvez::test {
@@ -27,26 +28,59 @@ class FakeDownloader : public Downloader {
 
 class FakeHelpViewer : public HelpViewer {
  public:
+  bool Takes(const std::wstring&) override { return takes; }
   void Show(const std::wstring& path) override { shown.push_back(path); }
   void CloseAll() override {
     ++closings;
     if (onCloseAll) onCloseAll();
   }
 
+  bool takes = true;
   std::vector<std::wstring> shown;
   int closings = 0;
   std::function<void()> onCloseAll;  // what the world looks like while the program closes
+};
+
+/// Files of a fake disk; without one there are none.
+class FakeKeptFiles : public KeptFiles {
+ public:
+  bool Exists(const std::wstring& path) override { return disk != nullptr && disk->files.contains(path); }
+  bool Copy(const std::wstring& from, const std::wstring& to) override {
+    steps.push_back(L"copy " + from + L" > " + to);
+    if (from == refused || !Exists(from)) return false;
+    disk->files[to] = disk->files[from];
+    disk->written[to] = disk->written[from];
+    return true;
+  }
+  bool Move(const std::wstring& from, const std::wstring& to) override {
+    steps.push_back(L"move " + from + L" > " + to);
+    if (from == refused || !Exists(from)) return false;
+    disk->files[to] = disk->files[from];
+    disk->written[to] = disk->written[from];
+    return Remove(from);
+  }
+  bool Remove(const std::wstring& path) override {
+    if (disk == nullptr) return true;
+    disk->files.erase(path);
+    disk->written.erase(path);
+    return true;
+  }
+
+  fakes::Disk* disk = nullptr;
+  std::wstring refused;  // that file can be neither copied nor moved
+  std::vector<std::wstring> steps;
 };
 
 /// All that the commands ask of the machine.
 struct CommandFakes {
   FakeDownloader downloader;
   FakeHelpViewer help;
+  FakeKeptFiles kept;
   FakeShell shell;
   FakeAutomation automation;
 
   CommandServices Services(SettingsStore& settings, const std::wstring& programFolder) {
-    return {downloader, help, {settings, shell, automation, programFolder, L"kvez"}};
+    return {downloader, help, kept, {settings, shell, automation, programFolder, L"kvez"}};
   }
 };
 

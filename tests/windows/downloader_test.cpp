@@ -8,8 +8,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "tests/support/http_server.h"
+#include "tests/support/waiting.h"
 
 namespace kvez::test {
 namespace {
@@ -29,6 +31,12 @@ class Downloads : public testing::Test {
   std::string Content(const wchar_t* name) {
     std::ifstream stream(folder / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
+  }
+
+  bool IsKept(const wchar_t* name) {
+    DWORD size = 0;
+    return GetUrlCacheEntryInfoW((server.Base() + name).c_str(), nullptr, &size) ||
+           GetLastError() == ERROR_INSUFFICIENT_BUFFER;
   }
 
   HttpServer server;
@@ -68,15 +76,38 @@ TEST_F(Downloads, ForgetTheCopyOfTheSystemFirst) {
   ASSERT_TRUE(CreateUrlCacheEntryW(address.c_str(), 0, L"kl_", copy, 0));
   std::ofstream(std::filesystem::path(copy), std::ios::binary) << "stale";
   ASSERT_TRUE(CommitUrlCacheEntryW(address.c_str(), copy, {}, {}, NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr));
-  const auto isKept = [&address] {
-    DWORD size = 0;
-    return GetUrlCacheEntryInfoW(address.c_str(), nullptr, &size) || GetLastError() == ERROR_INSUFFICIENT_BUFFER;
-  };
-  ASSERT_TRUE(isKept());
+  ASSERT_TRUE(IsKept(L"vd1.kl_"));
   server.Stop();
   EXPECT_NE(Get(L"vd1.kl_"), 0);
-  EXPECT_FALSE(isKept());
+  EXPECT_FALSE(IsKept(L"vd1.kl_"));
 }
+
+// A server decides how long its answers are; the disk of the user is not the place for them.
+TEST_F(Downloads, LeaveNothingInTheCacheOfTheSystem) {
+  server.Serve("vd1.kl_", {.body = std::string(100000, 'x')});
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  EXPECT_FALSE(IsKept(L"vd1.kl_"));
+  server.Serve("vd1.kl_", {.body = std::string(100000, 'x'), .sent = 50000});
+  Get(L"vd1.kl_");
+  EXPECT_FALSE(IsKept(L"vd1.kl_"));
+}
+
+class EndlessDownloads : public Downloads, public testing::WithParamInterface<HttpAnswer::Then> {};
+
+// Ended by the server, they are over for the program, too.
+TEST_P(EndlessDownloads, EndWithTheirServer) {
+  server.Serve("vd1.kl_", {.body = std::string(4096, 'x'), .sent = 1000, .then = GetParam()});
+  std::thread end([this] {
+    WaitUntil([this] { return server.SentBytes() >= 1000; });
+    server.LetGo();
+  });
+  Get(L"vd1.kl_");
+  end.join();
+  EXPECT_FALSE(IsKept(L"vd1.kl_"));
+}
+
+INSTANTIATE_TEST_SUITE_P(, EndlessDownloads, testing::Values(HttpAnswer::Then::Endless, HttpAnswer::Then::Stall),
+                         [](const auto& then) { return then.index == 0 ? "Endless" : "Stalled"; });
 
 TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
   std::ofstream(folder / L"vd1.kl_", std::ios::binary) << "old";

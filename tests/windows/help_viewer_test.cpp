@@ -43,6 +43,38 @@ TEST_F(HelpWindows, OpenWithTheTitleOfTheHelpAndClose) {
   EXPECT_TRUE(WaitWithMessages(false));
 }
 
+TEST_F(HelpWindows, TakeThePathsThatTheViewerCanBeGiven) {
+  const std::wstring folder(247, L'a');
+  EXPECT_TRUE(viewer.Takes(L"C:\\" + folder + L"\\kvez.chm"));  // 259 characters and a NUL
+  EXPECT_FALSE(viewer.Takes(L"C:\\" + folder + L"a\\kvez.chm"));
+  EXPECT_TRUE(viewer.Takes(L"C:\\Žluťoučký kůň\\kvez.chm"));
+  EXPECT_FALSE(viewer.Takes(L"C:\\日本\\kvez.chm"));
+}
+
+// The longest path that it is given opens, too.
+TEST_F(HelpWindows, OpenFromTheDeepestFolder) {
+  ASSERT_TRUE(std::filesystem::exists(help)) << "kvez.chm is not built: is fp-utils-3.2.2 installed?";
+  std::filesystem::path folder = std::filesystem::temp_directory_path();
+  const std::filesystem::path first = folder / L"kvez deep";
+  folder = first;
+  constexpr std::size_t longest = 259 - 9;
+  while (folder.wstring().size() < longest) {
+    const std::size_t left = longest - folder.wstring().size() - 1;
+    // No part may be left that is a separator alone.
+    folder /= std::wstring(left > 101 ? 100 : left, L'a');
+  }
+  std::filesystem::create_directories(folder);
+  const std::filesystem::path deep = folder / L"kvez.chm";
+  std::filesystem::copy_file(help, deep, std::filesystem::copy_options::overwrite_existing);
+  ASSERT_EQ(deep.wstring().size(), 259U);
+  ASSERT_TRUE(viewer.Takes(deep.wstring()));
+  viewer.Show(deep.wstring());
+  EXPECT_TRUE(WaitWithMessages(true));
+  viewer.CloseAll();
+  EXPECT_TRUE(WaitWithMessages(false));
+  std::filesystem::remove_all(first);
+}
+
 TEST_F(HelpWindows, AMissingFileOpensNothing) {
   viewer.Show(L"C:\\neni\\kvez.chm");
   EXPECT_EQ(HelpWindow(), nullptr);

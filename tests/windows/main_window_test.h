@@ -41,6 +41,7 @@ class MainWindowTest : public ::testing::Test {
     m_machine.disk.files[kFolder + L"\\vd2.kl_"] = postOffices;
     m_machine.disk.files[kFolder + L"\\vd3.kl_"] = districts;
     m_machine.disk.written[kFolder + L"\\vd1.kl_"] = {2026, 11, 16, 0, 50, 0};
+    m_commands.kept.disk = &m_machine.disk;
   }
 
   void TearDown() override {

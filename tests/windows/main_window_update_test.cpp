@@ -8,6 +8,7 @@
 
 #include "forms/mouse_pointer.h"
 #include "mainwindow/addresses.h"
+#include "tests/support/help_bytes.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
 #include "tests/windows/message_watch.h"
@@ -62,7 +63,8 @@ TEST_F(MainWindowUpdate, EndsInTheStateOfAFreshStartWithTheNewData) {
   m_commands.downloader.onDownload = [this](const std::wstring& address, const std::wstring& path) {
     if (address != kBase + L"vd1.kl_") return;
     fakes::Bytes one;
-    fakes::AppendMunicipality(one, 54232, L"Úpice", L"Trutnov");
+    // Of a post office and a district that are there.
+    fakes::AppendMunicipality(one, 69142, L"Úpice", L"Břeclav");
     m_machine.disk.files[path] = one;
     m_machine.disk.written[path] = {2027, 1, 2, 3, 4, 5};
   };
@@ -216,9 +218,17 @@ class MainWindowHelp : public MainWindowUpdate {
     SetFileAttributesW(help.c_str(), FILE_ATTRIBUTE_NORMAL);
     std::filesystem::remove_all(folder);
   }
-  void CreateHelp(DWORD attributes = FILE_ATTRIBUTE_NORMAL) {
-    std::ofstream(std::filesystem::path(help), std::ios::binary) << "help";
+  void CreateHelp(DWORD attributes = FILE_ATTRIBUTE_NORMAL, const std::string& bytes = test::HelpBytes()) {
+    std::ofstream(std::filesystem::path(help), std::ios::binary) << bytes;
     SetFileAttributesW(help.c_str(), attributes);
+  }
+  /// What a download brings.
+  void ServeHelp(const std::string& bytes = test::HelpBytes()) {
+    const auto watch = m_commands.downloader.onDownload;
+    m_commands.downloader.onDownload = [this, watch, bytes](const std::wstring& address, const std::wstring& path) {
+      if (watch) watch(address, path);
+      std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+    };
   }
 
   std::filesystem::path folder;
@@ -259,6 +269,7 @@ TEST_F(MainWindowHelp, DeclinedDownloadLeavesTheStatusBarAsItWas) {
 
 TEST_F(MainWindowHelp, IsDownloadedAndOpened) {
   frmhlavni& window = OpenWatched();
+  ServeHelp();
   m_machine.messages.answers = {true};
   Click(window.tlHNapoveda);
   EXPECT_THAT(m_commands.downloader.downloads, ElementsAre(kBase + L"kvez.chm > " + help));
@@ -311,6 +322,48 @@ TEST_F(MainWindowHelp, HiddenAndSystemFilesAndFoldersCountAsMissing) {
   std::filesystem::create_directory(help);
   Click(window.tlHNapoveda);
   EXPECT_EQ(m_machine.messages.questions.size(), 3U);
+  EXPECT_THAT(m_commands.help.shown, IsEmpty());
+}
+
+TEST_F(MainWindowHelp, FileThatIsNoHelpCountsAsMissing) {
+  frmhlavni& window = OpenWatched();
+  CreateHelp(FILE_ATTRIBUTE_NORMAL, "<html>404</html>");
+  Click(window.tlHNapoveda);
+  CreateHelp(FILE_ATTRIBUTE_NORMAL, test::HelpBytes(1000));  // cut
+  Click(window.tlHNapoveda);
+  EXPECT_EQ(m_machine.messages.questions.size(), 2U);
+  EXPECT_THAT(m_commands.help.shown, IsEmpty());
+  ServeHelp();
+  m_machine.messages.answers = {true};
+  Click(window.tlHNapoveda);
+  EXPECT_THAT(m_commands.help.shown, ElementsAre(help));
+}
+
+TEST_F(MainWindowHelp, DownloadThatIsNoHelpIsDeletedAndSaid) {
+  frmhlavni& window = OpenWatched();
+  ServeHelp("<html>404</html>");
+  for (const bool isThere : {false, true}) {
+    if (isThere) CreateHelp(FILE_ATTRIBUTE_NORMAL, "x");
+    m_machine.messages.messages.clear();
+    m_machine.messages.answers = {true};
+    Click(window.tlHNapoveda);
+    ASSERT_EQ(m_machine.messages.messages.size(), 1U);
+    EXPECT_EQ(m_machine.messages.messages[0].text, L"Stažení souboru nápovědy nebylo úspěšné.");
+    EXPECT_FALSE(std::filesystem::exists(help));
+    EXPECT_THAT(m_commands.help.shown, IsEmpty());
+    EXPECT_EQ(status->Text(), L"");
+  }
+}
+
+TEST_F(MainWindowHelp, FolderThatTheViewerCannotTakeIsSaid) {
+  CreateHelp();
+  m_commands.help.takes = false;
+  frmhlavni& window = OpenWatched();
+  Click(window.tlHNapoveda);
+  ASSERT_EQ(m_machine.messages.messages.size(), 1U);
+  EXPECT_EQ(m_machine.messages.messages[0].text,
+            L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá nebo obsahuje neznámé znaky.");
+  EXPECT_THAT(m_machine.messages.questions, IsEmpty());
   EXPECT_THAT(m_commands.help.shown, IsEmpty());
 }
 

@@ -1,0 +1,48 @@
+#include "platform/windows/windows_kept_files.h"
+
+#include <windows.h>
+
+#include "platform/windows/owned.h"
+
+namespace kvez {
+namespace {
+
+// Where a copy is until it is whole. What a violent end leaves there goes with the next copy.
+std::wstring NameAside(const std::wstring& path) { return path + L".kvez"; }
+
+bool Flush(const std::wstring& path) {
+  const HANDLE opened = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) return false;
+  return FlushFileBuffers(OwnedFile(opened).Get()) != FALSE;
+}
+
+bool Rename(const std::wstring& from, const std::wstring& to) {
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
+}  // namespace
+
+bool WindowsKeptFiles::Exists(const std::wstring& path) {
+  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool WindowsKeptFiles::Copy(const std::wstring& from, const std::wstring& to) {
+  const std::wstring aside = NameAside(to);
+  // The copy is to be moved and removed again, whatever the original is marked with.
+  if (CopyFileW(from.c_str(), aside.c_str(), FALSE) && SetFileAttributesW(aside.c_str(), FILE_ATTRIBUTE_NORMAL) &&
+      Flush(aside) && Rename(aside, to)) {
+    return true;
+  }
+  DeleteFileW(aside.c_str());
+  return false;
+}
+
+bool WindowsKeptFiles::Move(const std::wstring& from, const std::wstring& to) { return Rename(from, to); }
+
+bool WindowsKeptFiles::Remove(const std::wstring& path) {
+  if (DeleteFileW(path.c_str())) return true;
+  const DWORD error = GetLastError();
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+}  // namespace kvez
