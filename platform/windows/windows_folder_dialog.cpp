@@ -5,6 +5,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include "platform/windows/held_keys.h"
 #include "platform/windows/modal_scope.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
@@ -29,6 +30,7 @@ std::optional<std::wstring> WindowsFolderDialog::Browse(std::wstring_view prompt
   question.ulFlags = kFlags;
   auto& browse = RequiredFunction<decltype(SHBrowseForFolderA)>(L"shell32.dll", "SHBrowseForFolderA");
   auto& getPath = RequiredFunction<decltype(SHGetPathFromIDListW)>(L"shell32.dll", "SHGetPathFromIDListW");
+  const HeldKeysStayOutside heldKeysStayOutside;
   const ModalScope modal(question.hwndOwner);
   const OwnedItemList items(browse(&question));
   if (!items) return std::nullopt;

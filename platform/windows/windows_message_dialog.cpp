@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/windows/held_keys.h"
 #include "platform/windows/modal_scope.h"
 
 namespace kvez {
@@ -21,6 +22,7 @@ UINT IconStyle(MessageIcon icon) {
 
 // Modal to the whole program, whichever of its windows the box belongs to.
 int ShowBox(HWND owner, std::wstring_view text, std::wstring_view caption, UINT style) {
+  const HeldKeysStayOutside heldKeysStayOutside;
   const ModalScope modal(owner);
   return MessageBoxW(owner, std::wstring(text).c_str(), std::wstring(caption).c_str(), style);
 }

@@ -54,6 +54,35 @@ BOOL CALLBACK LookAtBox(HWND window, LPARAM) {
   return FALSE;
 }
 
+/// Sends Enter to each box that opens, as the keyboard repeats it, and once as a press of its own when it is told so.
+class EnterHeld {
+ public:
+  explicit EnterHeld(int repetitions) : m_repetitions(repetitions) {
+    s_this = this;
+    m_timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) { s_this->Step(); });
+  }
+  EnterHeld(const EnterHeld&) = delete;
+  EnterHeld& operator=(const EnterHeld&) = delete;
+  ~EnterHeld() { KillTimer(nullptr, m_timer); }
+
+  int sent = 0;
+
+ private:
+  void Step() {
+    const HWND button = GetFocus();
+    wchar_t name[50] = {};
+    GetClassNameW(button, name, 50);
+    if (lstrcmpiW(name, L"Button") != 0) return;
+    constexpr LPARAM kRepeated = 1 << 30;
+    PostMessageW(button, WM_KEYDOWN, VK_RETURN, sent < m_repetitions ? kRepeated | 1 : 1);
+    ++sent;
+  }
+
+  inline static EnterHeld* s_this = nullptr;
+  int m_repetitions;
+  UINT_PTR m_timer;
+};
+
 class MessageDialogs : public testing::Test {
  protected:
   void SetUp() override {
@@ -94,6 +123,18 @@ TEST_F(MessageDialogs, AskWithYesAndNo) {
   seen = {};
   answer = IDNO;
   EXPECT_FALSE(dialog.Ask(L"Přejete si program ukončit ?", L"Kvez"));
+}
+
+TEST(MessageDialogKeys, AKeyThatWasHeldBeforeAnswersNothing) {
+  WindowsMessageDialog dialog{[] { return HWND{}; }};
+  {
+    EnterHeld enter(3);
+    EXPECT_TRUE(dialog.Ask(L"Otázka ?", L"Kvez"));
+    EXPECT_EQ(enter.sent, 4);
+  }
+  EnterHeld enter(3);
+  dialog.Show(L"Zpráva.", MessageIcon::Information, L"Kvez");
+  EXPECT_EQ(enter.sent, 4);
 }
 
 }  // namespace
