@@ -71,6 +71,13 @@ LRESULT tlText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_ERASEBKGND:
       return 1;  // painting fills the background, in one step with the rest
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+      if (!IsOverAnotherWindow()) return Control::OnMessage(message, wParam, lParam);
+      GiveToTheWindowThere(message, wParam);
+      return 0;
     case WM_CAPTURECHANGED:
       OnCaptureLost(reinterpret_cast<HWND>(lParam));
       return 0;
@@ -106,8 +113,6 @@ forms::AccessibleDescription tlText::Describe() const {
   return description;
 }
 
-void tlText::DoDefaultAction() {
-  if (IsWindowEnabled(Handle())) RunAction();
-}
+void tlText::DoDefaultAction() { RunAction(); }
 
 }  // namespace kvez

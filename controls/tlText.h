@@ -128,6 +128,7 @@ class tlText : public forms::Control {
   bool AccessKeyPress(std::int16_t KeyAscii) override;
   bool IsButton() const override { return true; }
   void OnShown() override;
+  void OnFormDeactivated() override;
   forms::AccessibleDescription Describe() const override;
   void DoDefaultAction() override;
 
@@ -158,6 +159,8 @@ class tlText : public forms::Control {
   void DrawFocusMark(HDC context, RECT& inside);
 
   bool PointerIsInside() const;
+  bool IsOverAnotherWindow() const;
+  void GiveToTheWindowThere(UINT message, WPARAM wParam);
   void TakeCapture();
   void ReleaseOwnCapture();
   void TrackPointer();

@@ -3,6 +3,7 @@
 #include "forms/access_key.h"
 #include "forms/form.h"
 #include "forms/input_gate.h"
+#include "forms/reach.h"
 #include "platform/windows/system_code_page.h"
 #include "platform/windows/system_library.h"
 
@@ -54,8 +55,44 @@ bool tlText::PointerIsInside() const {
   if (!IsWindowVisible(Handle())) return false;
   POINT pointer{};
   GetCursorPos(&pointer);
+  // Another window may lie over this place.
+  if (WindowFromPoint(pointer) != Handle()) return false;
   ScreenToClient(Handle(), &pointer);
   return PtInRect(&m_run.ClientRect, pointer) != FALSE;
+}
+
+/// A press or release has come here only because the button holds the pointer: a window has appeared over it since.
+bool tlText::IsOverAnotherWindow() const {
+  POINT pointer{};
+  return GetCapture() == Handle() && GetCursorPos(&pointer) && WindowFromPoint(pointer) != Handle();
+}
+
+void tlText::GiveToTheWindowThere(UINT message, WPARAM wParam) {
+  POINT place{};
+  GetCursorPos(&place);
+  const HWND there = WindowFromPoint(place);
+  ReleaseOwnCapture();
+  Leave();
+  // A release alone is nobody's click, and another program gets its next press by itself.
+  const bool isPress = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN;
+  if (!isPress || GetWindowThreadProcessId(there, nullptr) != GetCurrentThreadId()) return;
+  const HWND root = GetAncestor(there, GA_ROOT);
+  if (root != GetActiveWindow()) SetForegroundWindow(root);
+  const LRESULT area = SendMessageW(there, WM_NCHITTEST, 0, MAKELPARAM(place.x, place.y));
+  if (area != HTCLIENT) {
+    const UINT outside = message == WM_LBUTTONDOWN ? WM_NCLBUTTONDOWN : WM_NCRBUTTONDOWN;
+    PostMessageW(there, outside, static_cast<WPARAM>(area), MAKELPARAM(place.x, place.y));
+    return;
+  }
+  ScreenToClient(there, &place);
+  PostMessageW(there, message, wParam, MAKELPARAM(place.x, place.y));
+}
+
+void tlText::OnFormDeactivated() {
+  // What comes to the front may lie over the pointer. If it does not, the next movement enters anew.
+  if (GetCapture() != Handle()) return;
+  ReleaseOwnCapture();
+  Leave();
 }
 
 void tlText::TakeCapture() {
@@ -119,7 +156,10 @@ void tlText::OnMouseMove(std::int16_t button, std::int16_t shift, float x, float
 
 void tlText::OnMouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
   if (button != forms::kLeftButton) return;
-  if (!HasKeyboardFocus()) SetFocus();
+  // To the window that holds the pointer the system gives a press without bringing it to the front.
+  const HWND form = OwnerForm().Handle();
+  if (GetActiveWindow() != form || GetForegroundWindow() != form) SetForegroundWindow(form);
+  if (!HasKeyboardFocus() && forms::CanBeReached(*this)) SetFocus();
   SetDown(true);
   Repaint(m_run.ClientRect);
   if (MouseDown) MouseDown(button, shift, x, y);
@@ -137,17 +177,18 @@ void tlText::OnMouseUp(std::int16_t button, std::int16_t shift, float x, float y
 
 // The keyboard
 
-bool tlText::OnKeyDown(std::int16_t& keyCode, std::int16_t) {
-  if (m_run.IsDown.IsTrue() || keyCode != VK_SPACE) return true;
+bool tlText::OnKeyDown(std::int16_t& keyCode, std::int16_t shift) {
+  // With Alt, the space bar opens the window's menu.
+  if (m_run.IsDown.IsTrue() || keyCode != VK_SPACE || (shift & forms::kAltMask) != 0) return true;
   SetDown(true);
   m_run.IsOver = true;
   Repaint(m_run.ClientRect);
   return true;
 }
 
-bool tlText::OnKeyUp(std::int16_t& keyCode, std::int16_t) {
+bool tlText::OnKeyUp(std::int16_t& keyCode, std::int16_t shift) {
   // Every release acts, even when the press was not seen.
-  if (keyCode == VK_SPACE) RunAction();
+  if (keyCode == VK_SPACE && (shift & forms::kAltMask) == 0) RunAction();
   return true;
 }
 

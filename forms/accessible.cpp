@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "forms/control.h"
+#include "forms/reach.h"
 #include "platform/windows/system_library.h"
 
 namespace kvez::forms {
@@ -77,9 +78,14 @@ class Accessible final : public IAccessible {
   }
   HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
     const auto own = Number(child, &AccessibleDescription::state);
-    return own ? Give(*own, state) : m_standard->get_accState(child, state);
+    const HRESULT result = own ? Give(*own, state) : m_standard->get_accState(child, state);
+    if (SUCCEEDED(result) && IsSelf(child) && !IsInReach()) {
+      state->lVal = (state->lVal & ~STATE_SYSTEM_FOCUSABLE) | STATE_SYSTEM_UNAVAILABLE;
+    }
+    return result;
   }
   HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
+    if (!IsInReach()) return E_ACCESSDENIED;
     if (!Text(child, &AccessibleDescription::defaultAction)) return m_standard->accDoDefaultAction(child);
     const Control* const control = Living();
     if (control == nullptr) return CO_E_OBJNOTCONNECTED;
@@ -103,7 +109,7 @@ class Accessible final : public IAccessible {
     return m_standard->get_accSelection(children);
   }
   HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT child) override {
-    return m_standard->accSelect(flags, child);
+    return IsInReach() ? m_standard->accSelect(flags, child) : E_ACCESSDENIED;
   }
   HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) override {
     return m_standard->accLocation(left, top, width, height, child);
@@ -118,7 +124,7 @@ class Accessible final : public IAccessible {
     return m_standard->put_accName(child, name);
   }
   HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
-    return m_standard->put_accValue(child, value);
+    return IsInReach() ? m_standard->put_accValue(child, value) : E_ACCESSDENIED;
   }
 
  private:
@@ -127,6 +133,11 @@ class Accessible final : public IAccessible {
   Control* Living() const {
     const auto life = m_life.lock();
     return life ? *life : nullptr;
+  }
+
+  bool IsInReach() const {
+    const Control* const control = Living();
+    return control != nullptr && CanBeReached(*control);
   }
 
   template <typename Field>

@@ -44,16 +44,16 @@ void OptionButton::SetValue(bool value) {
   if (value && Click) Click();
 }
 
-bool OptionButton::IsReachable() const {
-  if (!EventControl::IsReachable() || Value()) return EventControl::IsReachable();
+bool OptionButton::IsReachable(const Control* leaving) const {
+  if (!EventControl::IsReachable(leaving) || Value()) return EventControl::IsReachable(leaving);
   // One stop for the group: the selected button, or the first one while none is selected.
   for (const OptionButton* other : GroupOf(*this)) {
-    if (!other->EventControl::IsReachable()) continue;
+    if (!other->EventControl::IsReachable(leaving)) continue;
     if (other == this) continue;
     if (other->Value()) return false;
   }
   for (const OptionButton* other : GroupOf(*this)) {
-    if (other->EventControl::IsReachable()) return other == this;
+    if (other->EventControl::IsReachable(leaving)) return other == this;
   }
   return true;
 }

@@ -24,7 +24,7 @@ class OptionButton : public EventControl {
   PlainEvent ChosenAgain;
 
   bool AccessKeyPress(std::int16_t KeyAscii) override;
-  bool IsReachable() const override;
+  bool IsReachable(const Control* leaving = nullptr) const override;
   bool MoveInGroup(WPARAM virtualKey) override;
   void OnCommand(UINT notification) override;
 

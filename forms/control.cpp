@@ -8,6 +8,8 @@
 #include "forms/form.h"
 #include "forms/input.h"
 #include "forms/mouse_pointer.h"
+#include "forms/pointer.h"
+#include "forms/reach.h"
 
 namespace kvez::forms {
 
@@ -168,13 +170,7 @@ void Control::Refresh() {
   if (Handle() != nullptr) UpdateWindow(Handle());
 }
 
-bool Control::IsReachable() const {
-  if (!m_tabStop || !m_enabled || Handle() == nullptr || !IsWindowVisible(Handle())) return false;
-  for (HWND window = Handle(); window != nullptr && window != m_form->Handle(); window = GetParent(window)) {
-    if (!IsWindowEnabled(window)) return false;
-  }
-  return true;
-}
+bool Control::IsReachable(const Control* leaving) const { return m_tabStop && CanBeReached(*this, leaving); }
 
 bool Control::HasAccessKey(wchar_t character) const {
   std::wstring caption(static_cast<std::size_t>(std::max(GetWindowTextLengthW(Handle()), 0)), L'\0');
@@ -222,10 +218,16 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MBUTTONUP:
     case WM_MOUSEMOVE:
       return OnMouse(message, wParam, lParam);
+    case WM_RBUTTONDBLCLK:
+      // Of two quick clicks the second one is a click, too.
+      m_pressedButtons = static_cast<std::int16_t>(m_pressedButtons | kRightButton);
+      return Native(message, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
       Native(message, wParam, lParam);
-      if (Handle() != nullptr) message == WM_SETFOCUS ? OnGotFocus() : OnLostFocus();
+      if (Handle() == nullptr) return 0;
+      if (message == WM_KILLFOCUS) m_form->KeepInMind(*this, reinterpret_cast<HWND>(wParam));
+      message == WM_SETFOCUS ? OnGotFocus() : OnLostFocus();
       return 0;
     case WM_NCPAINT:
       // Without a frame there is nothing to draw; the system would look for it as long as the painting itself takes.
@@ -241,8 +243,11 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (const auto answer = AnswerGetObject(*this, m_life, wParam, lParam)) return *answer;
       return Native(message, wParam, lParam);
     case kDoDefaultActionMessage:
-      DoDefaultAction();
+      if (CanBeReached(*this)) DoDefaultAction();
       return 0;
+    case BM_CLICK:
+      // What a screen reader presses a button of the system with.
+      return CanBeReached(*this) ? Native(message, wParam, lParam) : 0;
     default:
       return Native(message, wParam, lParam);
   }
@@ -259,6 +264,7 @@ LRESULT Control::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool down = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
   const std::int16_t shift = ShiftState();
   auto keyCode = static_cast<std::int16_t>(wParam);
+  m_form->m_keyIsRepeated = down && IsRepeated(lParam);
   if (down) m_form->PreviewKey(keyCode, shift);
   if (keyCode == 0 || Handle() == nullptr) return 0;
   const bool passOn = down ? OnKeyDown(keyCode, shift) : OnKeyUp(keyCode, shift);
@@ -276,7 +282,32 @@ LRESULT Control::OnChar(WPARAM wParam, LPARAM lParam) {
   return Native(WM_CHAR, character, lParam);
 }
 
+void Control::NotePointer(UINT message, WPARAM wParam, LPARAM lParam) {
+  POINT place = {static_cast<std::int16_t>(LOWORD(lParam)), static_cast<std::int16_t>(HIWORD(lParam))};
+  ClientToScreen(Handle(), &place);
+  m_pointerHasMoved = Pointer::HasMovedTo(place);
+  const auto change = [this](std::int16_t button, bool down) {
+    m_wasPressedHere = (m_pressedButtons & button) != 0;
+    m_pressedButtons = static_cast<std::int16_t>(down ? m_pressedButtons | button : m_pressedButtons & ~button);
+  };
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+      return change(kLeftButton, message == WM_LBUTTONDOWN);
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+      return change(kRightButton, message == WM_RBUTTONDOWN);
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+      return change(kMiddleButton, message == WM_MBUTTONDOWN);
+    default:
+      // A button that came up somewhere else is no longer pressed here.
+      m_pressedButtons = static_cast<std::int16_t>(m_pressedButtons & HeldButtons(wParam));
+  }
+}
+
 LRESULT Control::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+  NotePointer(message, wParam, lParam);
   // The system's control first: a list box selects, and so raises Click, before it tells of the button.
   const LRESULT result = Native(message, wParam, lParam);
   if (Handle() == nullptr) return result;

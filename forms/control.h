@@ -109,11 +109,14 @@ class Control : public Window {
   /// The name that a screen reader says; without it, the system's own answer (the caption, the label before).
   void SetAccessibleName(std::wstring_view name) { m_accessibleName = name; }
 
+  /// In a MouseUp event: the button that comes up went down on this control, too.
+  bool WasPressedHere() const { return m_wasPressedHere; }
+
   /// Paints what is outdated at once.
   void Refresh();
 
-  /// True when the control takes the focus by Tab now.
-  virtual bool IsReachable() const;
+  /// True when the control takes the focus by Tab now, or will when `leaving` is gone.
+  virtual bool IsReachable(const Control* leaving = nullptr) const;
 
   // What the form asks of its controls.
 
@@ -128,6 +131,8 @@ class Control : public Window {
   virtual bool MoveInGroup(WPARAM virtualKey);
   /// The control and all around it have become visible.
   virtual void OnShown() {}
+  /// Another window has become the active one.
+  virtual void OnFormDeactivated() {}
   virtual AccessibleDescription Describe() const;
   virtual void DoDefaultAction() {}
 
@@ -151,6 +156,8 @@ class Control : public Window {
   virtual void OnMouseDown(std::int16_t, std::int16_t, float, float) {}
   virtual void OnMouseMove(std::int16_t, std::int16_t, float, float) {}
   virtual void OnMouseUp(std::int16_t, std::int16_t, float, float) {}
+  /// In a mouse event: the pointer is not where it was seen before. The system also sends movements without one.
+  bool PointerHasMoved() const { return m_pointerHasMoved; }
   virtual void OnGotFocus() {}
   virtual void OnLostFocus() {}
   /// The window, its scaling or its font has a new size.
@@ -173,6 +180,7 @@ class Control : public Window {
   bool HasFrame() const;
   LRESULT OnKey(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  void NotePointer(UINT message, WPARAM wParam, LPARAM lParam);
   void ApplyFont();
   void ApplyPlace();
 
@@ -182,6 +190,9 @@ class Control : public Window {
   bool m_visible = true;
   bool m_enabled = true;
   bool m_tabStop = false;
+  bool m_pointerHasMoved = false;
+  bool m_wasPressedHere = false;
+  std::int16_t m_pressedButtons = 0;  // that went down here and did not come up yet
   std::wstring m_toolTipText;
   bool m_hasToolTip = false;  // the form's tooltip knows this control
   std::wstring m_accessibleName;

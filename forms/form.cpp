@@ -5,7 +5,9 @@
 #include "forms/dpi.h"
 #include "forms/guard.h"
 #include "forms/input.h"
+#include "forms/menu_letter.h"
 #include "forms/mouse_pointer.h"
+#include "forms/pointer.h"
 #include "forms/twips.h"
 
 namespace kvez::forms {
@@ -215,8 +217,15 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       PostMessageW(nullptr, WM_NULL, 0, 0);
       return Native(message, wParam, lParam);
     case WM_SIZE:
-      if (m_loaded && wParam != SIZE_MINIMIZED) Form_Resize();
+      OnSize(wParam);
       return 0;
+    case WM_EXITMENULOOP:
+      Pointer::RememberWhereItIs();
+      m_handedFrom = nullptr;  // the menu may have seen the release
+      return Native(message, wParam, lParam);
+    case WM_MENUCHAR:
+      if ((HIWORD(wParam) & MF_SYSMENU) != 0) return Native(message, wParam, lParam);
+      return AnswerMenuLetter(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam)));
     case WM_ACTIVATE:
       OnActivate(LOWORD(wParam) != WA_INACTIVE);
       return 0;
@@ -245,6 +254,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SYSKEYDOWN: {
       // No control has the focus.
       auto keyCode = static_cast<std::int16_t>(wParam);
+      m_keyIsRepeated = IsRepeated(lParam);
       PreviewKey(keyCode, ShiftState());
       return keyCode == 0 ? 0 : Native(message, wParam, lParam);
     }

@@ -88,6 +88,10 @@ class Form : public Window, public Container {
   Control* DefaultButton() const { return m_defaultButton; }
   Control* CancelButton() const { return m_cancelButton; }
 
+  /// While this control is visible, only what lies in it can be reached. Null for none.
+  void SetFrontPanel(Control* panel) { m_frontPanel = panel; }
+  const Control* FrontPanel() const { return m_frontPanel; }
+
   const std::vector<Control*>& Controls() const { return m_controls; }
   Control* FocusedControl() const;
   /// Moves the focus to the next or the previous control that Tab reaches; false when there is none.
@@ -95,9 +99,15 @@ class Form : public Window, public Container {
   /// Moves the focus to the control that Tab reaches after `control`.
   bool FocusAfter(const Control& control);
 
+  /// Moves the focus from one control to another because Shift has gone down. Shift alone leaves it there; with another
+  /// key, Shift belonged to that key: the focus returns, and the key goes where it was meant for.
+  void HandFocusOver(Control& from, Control& to);
+  /// In a KeyDown event: true when the key is held and this is not its first message.
+  bool KeyIsRepeated() const { return m_keyIsRepeated; }
+
   /// What the message loop does with a key before it is dispatched: Tab, Enter, Escape, access keys. True when the
-  /// message is used up.
-  bool TranslateKey(const MSG& message);
+  /// message is used up; else it may have another window to go to.
+  bool TranslateKey(MSG& message);
 
   // Container
   Form& OwnerForm() override { return *this; }
@@ -110,6 +120,9 @@ class Form : public Window, public Container {
   /// After the window is destroyed. In Form_Unload the window still lives; here only the object does.
   virtual void Form_Terminate() {}
   virtual void Form_KeyDown(std::int16_t& /*KeyCode*/, std::int16_t /*Shift*/) {}
+  /// Where the work goes on when `leaving`, which has the focus, is hidden or disabled; null for the next control in
+  /// the order of the Tab key, which also serves when the answer cannot be reached.
+  virtual Control* WorkGoesOnAt(const Control& /*leaving*/) { return nullptr; }
   /// The client area or the scaling has changed.
   virtual void Form_Resize() {}
 
@@ -135,10 +148,13 @@ class Form : public Window, public Container {
   /// Asks Form_KeyDown when the preview is on.
   void PreviewKey(std::int16_t& keyCode, std::int16_t shift);
   void LeaveFocus(const Control& control);
+  /// After `control` has lost the focus to `taker`, which may be null or anybody's.
+  void KeepInMind(const Control& control, HWND taker);
   void NotifyShown(Control* within);
 
   void OnDpiChanged(unsigned dpi, const RECT& suggested);
   void OnActivate(bool active);
+  void OnSize(WPARAM kind);
   void OnSetFocus();
   void OnTimer(UINT_PTR id);
   LRESULT OnEraseBackground(HDC context);
@@ -156,7 +172,8 @@ class Form : public Window, public Container {
   Control* Reachable(std::size_t start, bool backwards, const Control* except) const;
   std::size_t PositionOf(const Control* control) const;
   bool Focus(Control* control);
-  bool TranslateAccessKey(wchar_t character);
+  void TakeBackFocus(MSG& message);
+  bool TranslateAccessKey(const MSG& message);
   bool TranslateButtonKey(const MSG& message);
   void CreateToolTip();
   void RescaleToolTip();
@@ -174,6 +191,9 @@ class Form : public Window, public Container {
   HWND m_focusWhenActive = nullptr;
   Control* m_defaultButton = nullptr;
   Control* m_cancelButton = nullptr;
+  Control* m_frontPanel = nullptr;
+  Control* m_handedFrom = nullptr;  // by Shift, which is held since; null when it is not
+  Control* m_handedTo = nullptr;
   int m_clientWidth;   // twips
   int m_clientHeight;  // twips
   bool m_keyPreview = false;
@@ -187,6 +207,8 @@ class Form : public Window, public Container {
   int m_pauses = 0;
   int m_closingPauses = 0;  // those that make closing wait
   bool m_closingWaits = false;
+  bool m_keyIsRepeated = false;
+  bool m_wasMinimized = false;
 };
 
 }  // namespace kvez::forms

@@ -36,7 +36,9 @@ void Form::Register(Control& control) { m_controls.push_back(&control); }
 void Form::Unregister(Control& control) {
   std::erase(m_controls, &control);
   if (m_defaultButton == &control) m_defaultButton = nullptr;
-  if (m_cancelButton == &control) m_cancelButton = nullptr;
+  for (Control** known : {&m_cancelButton, &m_frontPanel, &m_handedFrom, &m_handedTo}) {
+    if (*known == &control) *known = nullptr;
+  }
 }
 
 void Form::RegisterTimer(Timer& timer) { m_timers.push_back(&timer); }

@@ -1,18 +1,22 @@
 // The keyboard's way through a form: the focus, Tab, Enter, Escape, access keys.
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 #include "forms/input.h"
+#include "forms/pointer.h"
+#include "forms/reach.h"
 
 namespace kvez::forms {
 namespace {
 
-bool CanAct(const Control* control) {
+bool CanTakeFocus(const Control* control) {
   return control != nullptr && control->Handle() != nullptr && IsWindowVisible(control->Handle()) &&
          IsWindowEnabled(control->Handle());
 }
 
-constexpr LPARAM kIsRepeat = 1 << 30;
+bool CanAct(const Control* control) { return control != nullptr && CanBeReached(*control); }
+
 constexpr LPARAM kAltIsDown = 1 << 29;
 
 }  // namespace
@@ -39,9 +43,7 @@ Control* Form::Reachable(std::size_t start, bool backwards, const Control* excep
     const std::size_t position = (start + (backwards ? count + 1 - step : step)) % (count + 1);
     if (position == count) continue;
     Control* const candidate = m_controls[position];
-    const bool excluded =
-        except != nullptr && (candidate == except || IsChild(except->Handle(), candidate->Handle()) != FALSE);
-    if (!excluded && candidate->IsReachable()) return candidate;
+    if (candidate->IsReachable(except)) return candidate;
   }
   return nullptr;
 }
@@ -65,7 +67,8 @@ void Form::LeaveFocus(const Control& control) {
   const HWND focus = GetActiveWindow() == Handle() ? GetFocus() : m_focusWhenActive;
   if (focus == nullptr || (focus != control.Handle() && !IsChild(control.Handle(), focus))) return;
   const auto* focused = dynamic_cast<const Control*>(FromHandle(focus));
-  Control* const next = Reachable(PositionOf(focused), false, &control);
+  Control* next = WorkGoesOnAt(control);
+  if (next == nullptr || !next->IsReachable(&control)) next = Reachable(PositionOf(focused), false, &control);
   if (next != nullptr) {
     next->SetFocus();
     return;
@@ -78,20 +81,34 @@ void Form::LeaveFocus(const Control& control) {
   m_keepsFocus = false;
 }
 
+// Whatever takes the focus away from the form, minimising included, gives it back to the control that had it.
+void Form::KeepInMind(const Control& control, HWND taker) {
+  if (m_keepsFocus || (taker != nullptr && IsChild(Handle(), taker))) return;
+  m_focusWhenActive = control.Handle();
+}
+
 void Form::OnActivate(bool active) {
-  if (IsIconic(Handle())) return;
+  Pointer::RememberWhereItIs();
   if (!active) {
-    const HWND focus = GetFocus();
-    if (focus != nullptr && IsChild(Handle(), focus)) m_focusWhenActive = focus;
+    m_handedFrom = nullptr;
+    const std::vector<Control*> controls = m_controls;
+    for (Control* control : controls) control->OnFormDeactivated();
     return;
   }
-  ::SetFocus(Handle());
+  if (!IsIconic(Handle())) ::SetFocus(Handle());
+}
+
+void Form::OnSize(WPARAM kind) {
+  const bool restored = std::exchange(m_wasMinimized, kind == SIZE_MINIMIZED) && kind != SIZE_MINIMIZED;
+  // The activation came while the form still was an icon, which has no use for the keyboard.
+  if (restored && GetActiveWindow() == Handle() && !IsChild(Handle(), GetFocus())) ::SetFocus(Handle());
+  if (m_loaded && kind != SIZE_MINIMIZED) Form_Resize();
 }
 
 void Form::OnSetFocus() {
   if (m_keepsFocus) return;
   const auto* control = dynamic_cast<const Control*>(FromHandle(m_focusWhenActive));
-  if (CanAct(control)) {
+  if (CanTakeFocus(control)) {
     ::SetFocus(m_focusWhenActive);
   } else if (Control* const first = Reachable(m_controls.size(), false, nullptr)) {
     ::SetFocus(first->Handle());
@@ -104,10 +121,31 @@ void Form::PreviewKey(std::int16_t& keyCode, std::int16_t shift) {
   Form_KeyDown(keyCode, shift);
 }
 
-bool Form::TranslateKey(const MSG& message) {
+void Form::HandFocusOver(Control& from, Control& to) {
+  // Not every keyboard says that it only repeats a Shift that is held.
+  if (m_handedFrom != nullptr && GetKeyState(VK_SHIFT) < 0) return;
+  to.SetFocus();
+  m_handedFrom = &from;
+  m_handedTo = &to;
+}
+
+void Form::TakeBackFocus(MSG& message) {
+  const bool down = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+  const bool up = message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
+  // Shift itself is repeated as long as it is held alone; its release ends the matter, as every other key does.
+  if (m_handedFrom == nullptr || !(message.wParam == VK_SHIFT ? up : down)) return;
+  Control* const from = std::exchange(m_handedFrom, nullptr);
+  // What became of the focus meanwhile, by a click or a dialog, stays.
+  if (!down || GetKeyState(VK_SHIFT) >= 0 || m_handedTo == nullptr || !m_handedTo->HasKeyboardFocus()) return;
+  from->SetFocus();
+  if (from->HasKeyboardFocus()) message.hwnd = from->Handle();
+}
+
+bool Form::TranslateKey(MSG& message) {
+  TakeBackFocus(message);
   switch (message.message) {
     case WM_SYSCHAR:
-      return (message.lParam & kAltIsDown) != 0 && TranslateAccessKey(static_cast<wchar_t>(message.wParam));
+      return (message.lParam & kAltIsDown) != 0 && TranslateAccessKey(message);
     case WM_KEYDOWN:
       break;
     default:
@@ -140,14 +178,16 @@ bool Form::TranslateButtonKey(const MSG& message) {
   }
   if (ShiftState() != 0 || !CanAct(button)) return false;
   // A key that is held down acts once.
-  if ((message.lParam & kIsRepeat) != 0) return true;
+  if (IsRepeated(message.lParam)) return true;
   auto keyCode = static_cast<std::int16_t>(message.wParam);
+  m_keyIsRepeated = false;
   PreviewKey(keyCode, 0);
   if (keyCode != 0 && CanAct(button)) button->AccessKeyPress(keyCode);
   return true;
 }
 
-bool Form::TranslateAccessKey(wchar_t character) {
+bool Form::TranslateAccessKey(const MSG& message) {
+  const auto character = static_cast<wchar_t>(message.wParam);
   // From the focused control on: an access key that two controls share reaches both in turn.
   const std::size_t count = m_controls.size();
   const std::size_t start = PositionOf(FocusedControl());
@@ -157,6 +197,7 @@ bool Form::TranslateAccessKey(wchar_t character) {
     if (position == count) continue;
     Control* const control = controls[position];
     if (!CanAct(control) || !control->HasAccessKey(character)) continue;
+    if (IsRepeated(message.lParam)) return true;
     if (control->IsButton() && control->IsReachable()) control->SetFocus();
     // The focus may have changed what can be done.
     if (!CanAct(control)) return true;

@@ -9,6 +9,9 @@ namespace kvez::forms {
 /// The Shift, Ctrl and Alt keys of the message that is being handled.
 std::int16_t ShiftState();
 
+/// True in the lParam of a key's message when the key was down before: it is held.
+inline bool IsRepeated(LPARAM lParam) { return (HIWORD(lParam) & KF_REPEAT) != 0; }
+
 /// The mouse buttons in the wParam of a mouse message.
 std::int16_t HeldButtons(WPARAM wParam);
 

@@ -4,6 +4,10 @@
 #include <new>
 #include <utility>
 
+#include "forms/form.h"
+#include "forms/input_gate.h"
+#include "forms/reach.h"
+
 namespace kvez::forms {
 namespace {
 
@@ -111,6 +115,17 @@ int ListBox::ItemFromPoint(int x, int y) const {
   if (rowHeight <= 0) return -1;
   const int row = static_cast<int>(Native(LB_GETTOPINDEX)) + y / rowHeight;
   return row < ListCount() ? row : -1;
+}
+
+int ListBox::RowThatThePointerCameTo(int x, int y) const {
+  if (!PointerHasMoved() || !TakesPointer(OwnerForm()) || !CanBeReached(*this)) return -1;
+  const int row = ItemFromPoint(x, y);
+  if (row < 0) return -1;
+  RECT bounds{};
+  RECT client{};
+  Native(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&bounds));
+  GetClientRect(Handle(), &client);
+  return bounds.top >= client.top && bounds.bottom <= client.bottom ? row : -1;
 }
 
 int ListBox::FindString(std::wstring_view text) const {

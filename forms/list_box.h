@@ -44,6 +44,10 @@ class ListBox : public EventControl {
 
   /// The row at a point in pixels of the box; -1 when there is none.
   int ItemFromPoint(int x, int y) const;
+  /// In MouseMove: the row that the user's hand has brought the pointer to, which is at this point in pixels of the
+  /// box. Only a row that is seen whole, for selecting it would scroll another one under the pointer, and only while
+  /// the box can be reached and its form is the one in front; else -1.
+  int RowThatThePointerCameTo(int x, int y) const;
   /// The first row that begins with `text`, whatever its case, from the whole list; -1 for none.
   int FindString(std::wstring_view text) const;
 

@@ -1,14 +1,20 @@
 #include "forms/message_loop.h"
 
+#include "forms/pointer.h"
+
 namespace kvez::forms {
 namespace {
 
-void Handle(const MSG& message) {
+void Handle(MSG message) {
   const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
   if (isKey) {
     auto* form = dynamic_cast<Form*>(Window::FromHandle(GetAncestor(message.hwnd, GA_ROOT)));
     if (form != nullptr && form->TranslateKey(message)) return;
   }
+  const bool isPointer = (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
+                         (message.message >= WM_NCMOUSEMOVE && message.message <= WM_NCXBUTTONDBLCLK);
+  // Controls look for themselves.
+  if (isPointer && dynamic_cast<Control*>(Window::FromHandle(message.hwnd)) == nullptr) Pointer::Remember(message.pt);
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

@@ -75,6 +75,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void Form_Terminate() override;
   void Form_Resize() override;
   void Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) override;
+  forms::Control* WorkGoesOnAt(const forms::Control& leaving) override;
 
  private:
   // frmhlavni_layout
@@ -137,6 +138,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowMunicipality();
   void ShowResult();
   void ShowDistrict();
+  void lstMPSC_KeyDown(std::size_t index, std::int16_t keyCode, std::int16_t shift);
+  void CopyAddress(std::size_t index);
 
   // frmhlavni_menu
   void VytvorNabidku();
@@ -180,6 +183,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void tlHWWW_Click();
   void tlHPCInfo_Click();
   void SelectMode(SearchMode mode);
+  forms::TextBox& FieldToTypeIn();
 
   clspsc& m_database;
   Platform m_platform;
@@ -207,6 +211,15 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   bool m_searchingResumed = false;
   std::wstring_view m_modeHint;        // what the status bar has been told about the mode
   bool m_deferredSearchIsDue = false;  // the light-blue field has a text that was typed and not yet searched for
+
+  // The row that was shown last, -1 for none, and its list, in which the work goes on.
+  struct Shown {
+    std::size_t list = kListAll;
+    int row = -1;
+
+    friend bool operator==(const Shown&, const Shown&) = default;
+  };
+  Shown m_shown;
 };
 
 }  // namespace kvez

@@ -7,8 +7,6 @@ namespace kvez {
 
 void frmhlavni::tlHOaplikaci_Click() {
   m_aboutIsOpen = true;
-  // The button that has the focus comes last: the focus would wander from one to the next, and each shows it.
-  for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHNastaveni, &tlHOaplikaci}) button->SetEnabled(false);
   if (fraMPSCO.Handle() == nullptr) CreateAboutPanel();
   Label1to3[0].SetCaption(L"Název: " + std::wstring(kApplicationTitle));
   VersionInformation& version = m_platform.output.version;
@@ -16,10 +14,15 @@ void frmhlavni::tlHOaplikaci_Click() {
   Label1to3[2].SetCaption(version.ProductName());
   fraMPSCO.SetVisible(true);
   Text1.SetFocus();
+  // Last, when none of them has the focus any more.
+  for (tlText* button : {&tlHAktualizace, &tlHVyhledej, &tlHObcePSC, &tlHNastaveni, &tlHOaplikaci}) {
+    button->SetEnabled(false);
+  }
 }
 
 void frmhlavni::tlHStorno_Click() {
   tlHAktualizace.SetEnabled(true);
+  tlHObcePSC.SetEnabled(true);
   m_aboutIsOpen = false;
   m_searchingResumed = true;
   UpdatePanel();

@@ -82,9 +82,10 @@ void frmhlavni::tlHPCInfo_Click() { ClearMessage(); }
 
 void frmhlavni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) {
   if (!forms::TakesInput(*this)) return;
+  // A key that is held acts once.
   if (KeyCode == VK_F1 && Shift == 0) {
     KeyCode = 0;
-    tlHNapoveda_Click();
+    if (!KeyIsRepeated()) tlHNapoveda_Click();
     return;
   }
   if (Shift != forms::kCtrlMask) return;
@@ -93,7 +94,7 @@ void frmhlavni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) {
   for (const auto& [key, mode] : kModeKeys) {
     if (KeyCode != key) continue;
     KeyCode = 0;
-    SelectMode(mode);
+    if (!KeyIsRepeated()) SelectMode(mode);
     return;
   }
 }
@@ -103,7 +104,21 @@ void frmhlavni::SelectMode(SearchMode mode) {
   if (!optMPSC[mode].Visible()) return;
   // The search panel lies behind the About panel: who wants to search wants to see it.
   if (fraMPSCO.Visible()) tlHStorno_Click();
-  optMPSC[mode].Value() ? ResumeSearching() : optMPSC[mode].SetValue(true);
+  if (!optMPSC[mode].Value()) return optMPSC[mode].SetValue(true);
+  ResumeSearching();
+  FieldToTypeIn().SetFocus();
+}
+
+// In district mode the other field is disabled, or shows what was selected.
+forms::TextBox& frmhlavni::FieldToTypeIn() { return txtMPSC[optMPSC[kModeDistrict].Value() ? 1 : 0]; }
+
+forms::Control* frmhlavni::WorkGoesOnAt(const forms::Control& leaving) {
+  if (fraMPSCO.Visible() && &leaving != &fraMPSCO) return &Text1;
+  // Whatever disables or hides one of these is a selection in a list, or has just filled one.
+  if (&leaving == &tlHVyhledej || &leaving == &tlHObcePSC) return &lstMPSC[m_shown.list];
+  // The districts have taken the place of the field, and of the other list.
+  if (&leaving == &txtMPSC[0] || &leaving == &lstMPSC[kListAll]) return &lstMPSC[kListDistricts];
+  return nullptr;
 }
 
 }  // namespace kvez

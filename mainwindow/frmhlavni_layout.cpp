@@ -118,6 +118,7 @@ void frmhlavni::CreateAboutPanel() {
     left += kPitch;
   }
   fraMPSCO.BringToFront();
+  SetFrontPanel(&fraMPSCO);
   // It says goodbye in front of everything.
   picMPSCPI.BringToFront();
 }
@@ -224,6 +225,7 @@ void frmhlavni::BindEvents() {
   }
   for (std::size_t i = 0; i < lstMPSC.size(); ++i) {
     lstMPSC[i].Click = [this, i] { lstMPSC_Click(i); };
+    lstMPSC[i].KeyDown = [this, i](std::int16_t& keyCode, std::int16_t shift) { lstMPSC_KeyDown(i, keyCode, shift); };
     lstMPSC[i].MouseMove = [this, i](std::int16_t&, std::int16_t&, float& x, float& y) { lstMPSC_MouseMove(i, x, y); };
     lstMPSC[i].MouseUp = [this, i](std::int16_t& button, std::int16_t& shift, float& x, float& y) {
       lstMPSC_MouseUp(i, button, shift, x, y);

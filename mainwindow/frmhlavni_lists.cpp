@@ -1,5 +1,6 @@
 // The three lists: what a selection shows, and the selection that follows the pointer.
 
+#include "forms/input_gate.h"
 #include "mainwindow/frmhlavni.h"
 
 namespace kvez {
@@ -12,6 +13,7 @@ constexpr std::int16_t kSelectUnderPointer = 0;
 
 void frmhlavni::lstMPSC_Click(std::size_t index) {
   EndDeferredSearch();
+  m_shown = {index, lstMPSC[index].ListIndex()};
   txtMPSC[0].SetEnabled(true);
   txtMPSC[0].SetMaxLength(0);
   lstMPSC[index].ListIndex() >= 0 ? ChooseRow(index) : ForgetRow(index);
@@ -64,9 +66,42 @@ void frmhlavni::ShowDistrict() {
 void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {
   if (m_busy || !IsSet(kSelectUnderPointer)) return;
   forms::ListBox& list = lstMPSC[index];
-  const int row =
-      list.ItemFromPoint(static_cast<int>(xTwips / TwipsPerPixel()), static_cast<int>(yTwips / TwipsPerPixel()));
-  if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
+  const int row = list.RowThatThePointerCameTo(static_cast<int>(xTwips / TwipsPerPixel()),
+                                               static_cast<int>(yTwips / TwipsPerPixel()));
+  if (row < 0 || m_shown == Shown{index, row}) return;
+  // The row may still be its list's selected one although another list's is shown.
+  if (row == list.ListIndex()) {
+    lstMPSC_Click(index);
+  } else {
+    list.SetListIndex(row);
+  }
+}
+
+void frmhlavni::lstMPSC_KeyDown(std::size_t index, std::int16_t keyCode, std::int16_t shift) {
+  if (!forms::TakesInput(*this)) return;
+  if (keyCode == VK_RETURN && shift == 0 && !KeyIsRepeated()) {
+    forms::TextBox& field = txtMPSC[0].Enabled() ? txtMPSC[0] : txtMPSC[1];
+    field.SetFocus();
+    // As after Tab: typing begins a new search.
+    field.SelectAll();
+  }
+  if (keyCode == 'C' && shift == forms::kCtrlMask && !KeyIsRepeated()) CopyAddress(index);
+}
+
+void frmhlavni::CopyAddress(std::size_t index) {
+  const forms::ListBox& list = lstMPSC[index];
+  if (list.ListIndex() < 0) return;
+  // A district has no address.
+  std::wstring line = list.List(list.ListIndex());
+  if (index != kListDistricts) {
+    // The row of another list may be the current municipality, and stays it.
+    const std::int32_t current = m_database.pscPozice();
+    const std::int32_t entry = list.ItemData(list.ListIndex());
+    index == kListAll ? m_database.pscDetail(entry) : m_database.pDetail(entry);
+    line = m_database.pscPSCObec();
+    m_database.pscDetail(current);
+  }
+  m_platform.output.clipboard.Replace(line);
 }
 
 }  // namespace kvez

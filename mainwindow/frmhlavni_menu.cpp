@@ -20,7 +20,8 @@ void frmhlavni::lstMPSC_MouseUp(std::size_t index, std::int16_t button, std::int
   if (SaysThatListIsEmpty()) return;
   POINT pointer{};
   GetCursorPos(&pointer);
-  if (button == forms::kRightButton) ShowListMenu(pointer);
+  // A press that began elsewhere asked for nothing here.
+  if (button == forms::kRightButton && lstMPSC[index].WasPressedHere()) ShowListMenu(pointer);
 }
 
 void frmhlavni::lstMPSC_ContextMenuKey() {

@@ -8,6 +8,7 @@
 namespace kvez {
 namespace {
 
+constexpr int kCtrlA = 1;
 constexpr int kKeyEnter = 13;
 constexpr int kKeyShift = 16;
 
@@ -42,6 +43,7 @@ void frmhlavni::optMPSC_Click(std::size_t index) {
   lstMPSC[kListAll].SetVisible(!m_districtMode);
   lstMPSC[kListDistricts].SetVisible(m_districtMode);
   lstMPSC[m_districtMode ? kListDistricts : kListAll].SetListIndex(-1);
+  m_shown.row = -1;
   // Behind the selection, which has allowed the address of any length.
   const int maxLength = m_postalMode ? kPostalTextLength : 0;
   for (forms::TextBox& box : txtMPSC) box.SetMaxLength(maxLength);
@@ -65,7 +67,7 @@ void frmhlavni::txtMPSC_LostFocus(std::size_t index) {
 
 void frmhlavni::txtMPSC_KeyPress(std::size_t /*index*/, std::int16_t& keyAscii) {
   // Enter was handled when the key went down; passed on it would only beep.
-  if (keyAscii == kKeyEnter || (m_postalMode && !IsPostalKey(keyAscii))) keyAscii = 0;
+  if (keyAscii == kKeyEnter || (m_postalMode && keyAscii != kCtrlA && !IsPostalKey(keyAscii))) keyAscii = 0;
 }
 
 void frmhlavni::txtMPSC_Change(std::size_t index) {
@@ -82,17 +84,23 @@ std::wstring frmhlavni::txtMPSC_Paste(const std::wstring& text) const {
 void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift) {
   // The filter of PSČ mode swallows the control characters of the clipboard keys, too: their work is done here.
   if (m_postalMode && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
-  if (keyCode == kKeyShift && (m_postalMode || m_nameMode)) txtMPSC[index == 0 ? 1 : 0].SetFocus();
+  // A key that is held acts once; with Ctrl or Alt, Shift belongs to what comes next.
+  const bool acts = !KeyIsRepeated();
+  if (keyCode == kKeyShift && acts && (shift & ~forms::kShiftMask) == 0 && (m_postalMode || m_nameMode)) {
+    HandFocusOver(txtMPSC[index], txtMPSC[index == 0 ? 1 : 0]);
+  }
   if (index == 0) {
-    if (keyCode != kKeyEnter || !forms::TakesInput(*this)) return;
+    if (keyCode != kKeyEnter || !acts || !forms::TakesInput(*this)) return;
     VyhledejSeznam();
     txtMPSC[1].SetText(L"");
+    txtMPSC[0].SelectAll();
     return;
   }
   if (IsSet(kSearchWhileTyping)) {
     tmrMPSC.SetEnabled(false);
-  } else if (keyCode == kKeyEnter) {
+  } else if (keyCode == kKeyEnter && acts) {
     tmrMPSC_Timer();
+    txtMPSC[1].SelectAll();
   }
 }
 
@@ -206,7 +214,10 @@ void frmhlavni::ShowSearchResult(const std::wstring& description) {
   UpdatePanel();
 }
 
-void frmhlavni::tlHVyhledej_Click() { VyhledejSeznam(); }
+void frmhlavni::tlHVyhledej_Click() {
+  VyhledejSeznam();
+  txtMPSC[0].SelectAll();
+}
 
 void frmhlavni::tlHObcePSC_Click() {
   EndDeferredSearch();
@@ -219,6 +230,7 @@ void frmhlavni::tlHObcePSC_Click() {
     m_database.pscObceKPSC(m_resultList, description);
   }
   m_samePostalCode = true;
+  m_shown = {kListResult, -1};
   ShowSearchResult(description);
   ClearMessage();
 }

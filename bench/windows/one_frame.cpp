@@ -237,6 +237,8 @@ void Frames::AddRowUnderThePointer() {
     forms::ListBox& box = m_window.lstMPSC[kListResult];
     PrepareSelecting(kListResult);
     box.SetListIndex(0);
+    // A pointer that has been there all the time selects nothing.
+    PointAt(m_window.tlHNapoveda.Handle());
     Settle(m_window);
     const std::int16_t before = m_database.vGetNastaveniRegistr(kSelectUnderPointer);
     m_database.vSetNastaveniRegistr(kSelectUnderPointer, 1);

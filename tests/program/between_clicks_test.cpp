@@ -35,7 +35,7 @@ class BetweenClicks : public ProgramTest {
 
   static void Search(const Program& program, const std::wstring& text) {
     program.Focus(kTxtMPSC);
-    TypeTextWithoutShift(text);
+    TypeText(text);
     PressKey(VK_RETURN);
     ASSERT_TRUE(WaitUntil([&] { return !program.Text(kLblPSCV + 1).empty(); }));
   }

@@ -49,7 +49,7 @@ class HandOut : public ProgramTest {
   std::vector<Row> Search() {
     const std::wstring beginning = L"Nová Ves";
     program->Focus(kTxtMPSC);
-    TypeTextWithoutShift(beginning + L"*");
+    TypeText(beginning + L"*");
     PressKey(VK_RETURN);
     EXPECT_TRUE(WaitUntil([&] { return !program->Text(kLblPSCV + 1).empty(); }));
     std::map<std::wstring, std::wstring> postOffices;

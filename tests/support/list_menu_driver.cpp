@@ -13,12 +13,12 @@ constexpr std::array<const wchar_t*, 4> kExplanations = {
     L"Vytiskne seznam vybraných obcí.", L"Uloží seznam vybraných obcí do textového souboru.",
     L"Vloží seznam vybraných obcí do schránky.", L"Odešle seznam vybraných obcí e-mailem."};
 
+}  // namespace
+
 HWND OpenMenu() {
   const HWND menu = FindWindowW(L"#32768", nullptr);
   return menu != nullptr && IsWindowVisible(menu) ? menu : nullptr;
 }
-
-}  // namespace
 
 bool OpenListMenu(const Program& program) {
   program.Click(kLstMPSC + 1, true);

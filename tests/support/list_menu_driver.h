@@ -7,6 +7,9 @@ namespace kvez::test {
 /// The commands of the result list's menu.
 enum class MenuCommand { Print, Export, Copy, Mail };
 
+/// The menu that is open now, of whatever program; null for none.
+HWND OpenMenu();
+
 /// Opens the menu of the result list by the right button; false when it does not come.
 bool OpenListMenu(const Program& program);
 

@@ -64,12 +64,12 @@ void AppendKey(std::vector<INPUT>& inputs, WORD virtualKey, bool control, bool s
   }
 }
 
-void AppendCharacter(std::vector<INPUT>& inputs, wchar_t character, bool mayShift) {
+void AppendCharacter(std::vector<INPUT>& inputs, wchar_t character) {
   constexpr int kNoKey = -1;
   const SHORT key = VkKeyScanW(character);
-  const bool shift = (HIBYTE(key) & 1) != 0;
-  if (key != kNoKey && (mayShift || !shift)) {
-    return AppendKey(inputs, LOBYTE(key), (HIBYTE(key) & 2) != 0, shift, (HIBYTE(key) & 4) != 0);
+  if (key != kNoKey) {
+    const BYTE with = HIBYTE(key);
+    return AppendKey(inputs, LOBYTE(key), (with & 2) != 0, (with & 1) != 0, (with & 4) != 0);
   }
   for (const DWORD up : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
     INPUT input{};
@@ -86,13 +86,26 @@ void Send(std::vector<INPUT>& inputs) { SendInput(static_cast<UINT>(inputs.size(
 
 void TypeText(const std::wstring& text) {
   std::vector<INPUT> inputs;
-  for (const wchar_t character : text) AppendCharacter(inputs, character, true);
+  for (const wchar_t character : text) AppendCharacter(inputs, character);
   Send(inputs);
 }
 
-void TypeTextWithoutShift(const std::wstring& text) {
+void HoldKey(WORD virtualKey, int repetitions, bool alt) {
   std::vector<INPUT> inputs;
-  for (const wchar_t character : text) AppendCharacter(inputs, character, false);
+  if (alt) inputs.push_back(KeyInput(VK_MENU, 0));
+  inputs.insert(inputs.end(), static_cast<std::size_t>(repetitions) + 1, KeyInput(virtualKey, 0));
+  inputs.push_back(KeyInput(virtualKey, KEYEVENTF_KEYUP));
+  if (alt) inputs.push_back(KeyInput(VK_MENU, KEYEVENTF_KEYUP));
+  Send(inputs);
+}
+
+void KeyDown(WORD virtualKey) {
+  std::vector<INPUT> inputs = {KeyInput(virtualKey, 0)};
+  Send(inputs);
+}
+
+void KeyUp(WORD virtualKey) {
+  std::vector<INPUT> inputs = {KeyInput(virtualKey, KEYEVENTF_KEYUP)};
   Send(inputs);
 }
 
@@ -328,6 +341,13 @@ int Program::Windows() const {
   EnumThreadWindows(GetWindowThreadProcessId(MainWindow(), nullptr), &CountWindow, reinterpret_cast<LPARAM>(&count));
   EnumChildWindows(MainWindow(), &CountWindow, reinterpret_cast<LPARAM>(&count));
   return count;
+}
+
+int Program::FocusedId() const {
+  GUITHREADINFO information{};
+  information.cbSize = sizeof information;
+  GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &information);
+  return information.hwndFocus == nullptr ? 0 : GetDlgCtrlID(information.hwndFocus);
 }
 
 void Program::Focus(int id) const {

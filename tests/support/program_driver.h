@@ -13,9 +13,11 @@ namespace kvez::test {
 /// Real input, as from the keyboard and the pointer. A text is typed by the keys of the keyboard's layout, with Shift
 /// and all that they need; only what the layout lacks comes as a character without a key.
 void TypeText(const std::wstring& text);
-/// The same without ever pressing Shift, for texts with capitals or "*" in the search boxes: there Shift hands the
-/// focus over to the other box as soon as it goes down, and takes the rest of the text along.
-void TypeTextWithoutShift(const std::wstring& text);
+/// A key that goes down, is repeated so many times as it is held, and comes up again.
+void HoldKey(WORD virtualKey, int repetitions, bool alt = false);
+/// A key that stays down, and one that comes up.
+void KeyDown(WORD virtualKey);
+void KeyUp(WORD virtualKey);
 void PressKey(WORD virtualKey, bool control = false, bool shift = false, bool alt = false);
 /// Moves the pointer, and waits until it is there for every program of the display.
 void MovePointer(POINT screen);
@@ -85,6 +87,8 @@ class Program {
   GdiCount GdiObjects() const;
   int Windows() const;
 
+  /// The identifier of the control that has the keyboard focus; 0 for none.
+  int FocusedId() const;
   /// Brings the window to the front and gives a control the focus by a click into it.
   void Focus(int id) const;
   void Click(int id, bool rightButton = false) const { ClickAt(CentreOf(Control(id)), rightButton); }

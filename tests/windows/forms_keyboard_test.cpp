@@ -131,6 +131,32 @@ TEST_F(FormKeyboard, AccessKeysOfSystemControls) {
   EXPECT_TRUE(first.HasKeyboardFocus());
 }
 
+// As messages: nobody knows when the keyboard of a virtual display repeats.
+TEST_F(FormKeyboard, HeldAccessKeyActsOnce) {
+  MSG message{};
+  message.hwnd = first.Handle();
+  message.message = WM_SYSCHAR;
+  message.wParam = 'z';
+  message.lParam = 1 << 29 | 1;
+  EXPECT_TRUE(form.TranslateKey(message));
+  message.lParam |= 1 << 30;
+  EXPECT_TRUE(form.TranslateKey(message));
+  EXPECT_EQ(Take(), Log{"check 1"});
+  // One that nobody has goes on to the system, held or not.
+  message.wParam = ' ';
+  EXPECT_FALSE(form.TranslateKey(message));
+}
+
+TEST_F(FormKeyboard, RepetitionsAreTold) {
+  first.KeyDown = [this](std::int16_t&, std::int16_t) {
+    log.emplace_back(form.KeyIsRepeated() ? "repeated" : "pressed");
+  };
+  SendMessageW(first.Handle(), WM_KEYDOWN, VK_F5, 1);
+  SendMessageW(first.Handle(), WM_KEYDOWN, VK_F5, 1 << 30 | 1);
+  SendMessageW(first.Handle(), WM_KEYDOWN, VK_F5, 1);
+  EXPECT_EQ(Take(), (Log{"pressed", "repeated", "pressed"}));
+}
+
 TEST_F(FormKeyboard, PreviewSeesKeysBeforeTheControl) {
   form.keyDown = [this](std::int16_t& KeyCode, std::int16_t Shift) {
     log.push_back("form " + std::to_string(KeyCode) + " " + std::to_string(Shift));

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/accessible.h"
 #include "forms/guard.h"
 #include "mainwindow/addresses.h"
 #include "mainwindow/module1.h"
@@ -20,7 +21,7 @@ using ::testing::IsEmpty;
 class MainWindowCommands : public MainWindowTest {
  protected:
   void Click(tlText& button) { SendMessageW(button.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5)); }
-  /// Alt and a letter as a message: in a search box the Shift that a capital needs would first hand the focus over.
+  /// Alt and a capital letter as a message: with Shift held, a real key would come with another state of the keyboard.
   void AccessKey(wchar_t letter) {
     MSG message{};
     message.hwnd = m_window->Handle();
@@ -235,6 +236,41 @@ TEST_F(MainWindowCommands, AModeKeyLeavesTheAboutPanel) {
   PressKey('P', true);
   EXPECT_FALSE(window.fraMPSCO.Visible());
   EXPECT_TRUE(window.optMPSC[0].Value());
+}
+
+TEST_F(MainWindowCommands, AHeldModeKeyChoosesOnce) {
+  frmhlavni& window = Open();
+  int choices = 0;
+  window.optMPSC[0].Click = [&] { ++choices; };
+  BYTE keys[256] = {};
+  GetKeyboardState(keys);
+  keys[VK_CONTROL] = 0x80;
+  SetKeyboardState(keys);
+  for (const LPARAM held : {0, 1 << 30, 1 << 30}) {
+    SendMessageW(window.txtMPSC[0].Handle(), WM_KEYDOWN, 'P', held | 1);
+    window.optMPSC[0].SetValue(false);
+  }
+  keys[VK_CONTROL] = 0;
+  SetKeyboardState(keys);
+  EXPECT_EQ(choices, 1);
+}
+
+TEST_F(MainWindowCommands, AScreenReaderReachesNothingBehindTheAboutPanel) {
+  frmhlavni& window = OpenInFront();
+  window.txtMPSC[0].SetText(L"Mikulov");
+  window.VyhledejSeznam();
+  window.lstMPSC[1].SetListIndex(0);
+  Click(window.tlHOaplikaci);
+  for (tlText* button : {&window.tlHObcePSC, &window.tlHVyhledej, &window.tlHKonec, &window.tlHNapoveda}) {
+    SendMessageW(button->Handle(), forms::kDoDefaultActionMessage, 0, 0);
+  }
+  SendMessageW(window.optMPSC[0].Handle(), BM_CLICK, 0, 0);
+  EXPECT_EQ(m_machine.messages.questions.size(), 0U);
+  EXPECT_FALSE(window.optMPSC[0].Value());
+  EXPECT_FALSE(window.tlHObcePSC.Enabled().IsTrue());
+  SendMessageW(window.tlHStorno.Handle(), forms::kDoDefaultActionMessage, 0, 0);
+  EXPECT_FALSE(window.fraMPSCO.Visible());
+  EXPECT_TRUE(window.tlHObcePSC.Enabled().IsTrue());
 }
 
 TEST_F(MainWindowCommands, EveryAccessKeyPressesItsButton) {

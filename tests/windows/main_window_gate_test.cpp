@@ -53,7 +53,7 @@ class InputGate : public MainWindowTest {
   void Search(const std::wstring& text) {
     ClickOn(m_window->txtMPSC[0]);
     m_window->txtMPSC[0].SelectAll();
-    TypeTextWithoutShift(text);
+    TypeText(text);
     PressKey(VK_RETURN);
   }
   /// Presses an access key that ends the window: no key comes behind it.

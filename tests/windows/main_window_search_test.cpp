@@ -91,14 +91,14 @@ TEST_F(SearchPanel, ClipboardKeysWorkInPostalMode) {
 
 TEST_F(SearchPanel, NameModeTakesEverything) {
   frmhlavni& window = OpenInFront();
-  TypeTextWithoutShift(L"Č.,*?ř1");
+  TypeText(L"Č.,*?ř1");
   EXPECT_EQ(window.txtMPSC[0].Text(), L"Č.,*?ř1");
 }
 
 TEST_F(SearchPanel, EnterSearchesAndEmptiesTheLightBlueField) {
   frmhlavni& window = OpenInFront();
   window.txtMPSC[1].SetText(L"x");
-  TypeTextWithoutShift(L"  Praha  ");
+  TypeText(L"  Praha  ");
   PressKey(VK_RETURN);
   EXPECT_EQ(Rows(window.lstMPSC[1]), Strings{L"Praha 1"});
   EXPECT_EQ(window.lblMPSCN.Caption(), L"Název obce \"Praha\".");

@@ -28,7 +28,7 @@ class PanelState : public MainWindowTest {
   void Search(const std::wstring& text) {
     ClickOn(m_window->txtMPSC[0]);
     m_window->txtMPSC[0].SelectAll();
-    TypeTextWithoutShift(text);
+    TypeText(text);
     PressKey(VK_RETURN);
   }
   std::wstring Status() const { return test::StatusBarView(m_window->Handle()).Text(); }

@@ -74,10 +74,6 @@ class MainWindowTest : public ::testing::Test {
     test::TypeText(text);
     test::PumpInput();
   }
-  static void TypeTextWithoutShift(const std::wstring& text) {
-    test::TypeTextWithoutShift(text);
-    test::PumpInput();
-  }
   static void PressKey(WORD key, bool control = false, bool shift = false, bool alt = false) {
     test::PressKey(key, control, shift, alt);
     test::PumpInput();

@@ -1,6 +1,8 @@
 // What a screen reader learns of the button.
 #include <oleacc.h>
 
+#include "forms/accessible.h"
+#include "forms/containers.h"
 #include "tests/support/button_fixture.h"
 
 namespace kvez {
@@ -91,6 +93,17 @@ TEST_F(TlTextAccessibility, DisabledButtonCannotBeTriggered) {
   button.SetEnabled(false);
   accessible->accDoDefaultAction(Self());
   test::PumpInput();
+  EXPECT_EQ(button.TakeEvents(), std::vector<std::string>{});
+}
+
+TEST_F(TlTextAccessibility, CoveredButtonCannotBeTriggered) {
+  forms::Frame panel;
+  panel.Create(form, 3, {0, 0, 6000, 3000});
+  panel.BringToFront();
+  EXPECT_EQ(State(), STATE_SYSTEM_UNAVAILABLE);
+  EXPECT_EQ(accessible->accDoDefaultAction(Self()), E_ACCESSDENIED);
+  // Nor by a call that was on its way already.
+  SendMessageW(button.Handle(), forms::kDoDefaultActionMessage, 0, 0);
   EXPECT_EQ(button.TakeEvents(), std::vector<std::string>{});
 }
 

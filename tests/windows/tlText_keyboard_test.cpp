@@ -40,6 +40,23 @@ TEST_F(TlTextKeyboard, SpaceReleaseActsEvenWithoutItsPress) {
   EXPECT_EQ(button.TakeEvents(), Events{"Click"});
 }
 
+TEST_F(TlTextKeyboard, SpaceWithAltBelongsToTheWindowsMenu) {
+  button.SetFocus();
+  button.TakePaints();
+  // As messages: a real menu keeps this thread to itself, and the release with it.
+  BYTE keys[256] = {};
+  GetKeyboardState(keys);
+  keys[VK_MENU] = 0x80;
+  SetKeyboardState(keys);
+  SendMessageW(button.Handle(), WM_SYSKEYDOWN, VK_SPACE, 1 << 29 | 1);
+  EXPECT_FALSE(button.RunTime().IsDown.IsTrue());
+  SendMessageW(button.Handle(), WM_SYSKEYUP, VK_SPACE, 1 << 29 | 1);
+  keys[VK_MENU] = 0;
+  SetKeyboardState(keys);
+  EXPECT_EQ(button.TakePaints(), 0);
+  EXPECT_EQ(button.TakeEvents(), Events{});
+}
+
 TEST_F(TlTextKeyboard, LosingTheFocusEndsTheDownLook) {
   button.SetFocus();
   test::Press(VK_SPACE);

@@ -4,6 +4,7 @@
 
 #include "controls/pointer_picture.h"
 #include "forms/guard.h"
+#include "forms/message_loop.h"
 #include "tests/support/button_fixture.h"
 
 namespace kvez {
@@ -309,6 +310,73 @@ TEST_F(TlTextPointer, NeighboursHandThePointerOver) {
   EXPECT_EQ(button.TakeEvents(), Events{"MouseMoveEnabled false"});
   EXPECT_EQ(second.TakeEvents(), Events{"MouseMoveEnabled true"});
   EXPECT_EQ(GetCapture(), second.Handle());
+}
+
+TEST_F(TlTextPointer, WhatLiesOverTheButtonHasThePointer) {
+  test::PointAt(Center());
+  ASSERT_EQ(GetCapture(), button.Handle());
+  button.TakeEvents();
+  // It comes to the front without taking the keyboard.
+  RECT bounds{};
+  GetWindowRect(button.Handle(), &bounds);
+  const HWND above =
+      CreateWindowExW(WS_EX_NOACTIVATE | WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE | SS_NOTIFY, bounds.left,
+                      bounds.top, 200, 100, nullptr, nullptr, nullptr, nullptr);
+  test::PointAt(test::OnScreen(button.Handle(), 30, 10));
+  EXPECT_FALSE(IsOver());
+  EXPECT_EQ(GetCapture(), nullptr);
+  const Events events = button.TakeEvents();
+  ASSERT_FALSE(events.empty());
+  EXPECT_EQ(std::ranges::count(events, "MouseMoveEnabled false"), static_cast<std::ptrdiff_t>(events.size()));
+  DestroyWindow(above);
+}
+
+TEST_F(TlTextPointer, APressOnAWindowThatHasJustComeOverIsItsOwn) {
+  test::PointAt(Center());
+  ASSERT_EQ(GetCapture(), button.Handle());
+  button.TakeEvents();
+  {
+    test::TestForm above;
+    forms::TextBox box;
+    box.Create(above, 1, {0, 0, 6000, 3000});
+    RECT bounds{};
+    GetWindowRect(button.Handle(), &bounds);
+    above.Load();
+    SetWindowPos(above.Handle(), HWND_TOPMOST, bounds.left - 60, bounds.top - 60, 0, 0,
+                 SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    ASSERT_EQ(GetCapture(), button.Handle());
+    int presses = 0;
+    box.MouseDown = [&](std::int16_t&, std::int16_t&, float&, float&) { ++presses; };
+    SendMessageW(button.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    forms::DoEvents();
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(GetActiveWindow(), above.Handle());
+    SendMessageW(button.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(500, 500));
+  }
+  const Events events = button.TakeEvents();
+  EXPECT_EQ(std::ranges::count(events, "MouseDown 1"), 0);
+}
+
+TEST_F(TlTextPointer, APressBringsItsFormToTheFront) {
+  test::TestForm above;
+  ASSERT_TRUE(test::ShowActive(above));
+  SetWindowPos(above.Handle(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  test::PointAt(Center());
+  ASSERT_TRUE(test::PumpUntil([this] { return GetCapture() == button.Handle(); }));
+  ASSERT_EQ(GetActiveWindow(), above.Handle());
+  test::PressButton();
+  EXPECT_TRUE(test::PumpUntil([this] { return GetForegroundWindow() == form.Handle(); }));
+  test::ReleaseButton();
+  EXPECT_TRUE(button.HasKeyboardFocus());
+  EXPECT_EQ(std::ranges::count(button.TakeEvents(), "Click"), 1);
+}
+
+TEST_F(TlTextPointer, DeactivationGivesThePointerBack) {
+  test::PointAt(Center());
+  ASSERT_EQ(GetCapture(), button.Handle());
+  test::TestForm above;
+  ASSERT_TRUE(test::ShowActive(above));
+  EXPECT_NE(GetCapture(), button.Handle());
 }
 
 TEST_F(TlTextPointer, OwnPointerShape) {

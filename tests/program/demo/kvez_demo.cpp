@@ -41,7 +41,7 @@ int Search(const std::wstring& exe, const std::wstring& text) {
   Program program(exe);
   if (!program.WaitReady()) return Fail(&program, L"The program did not get ready: " + exe);
   program.Focus(kTxtMPSC);
-  TypeTextWithoutShift(text);
+  TypeText(text);
   if (!WaitUntil([&] { return program.Text(kTxtMPSC) == text; })) {
     return Fail(&program, L"The text did not arrive: " + program.Text(kTxtMPSC));
   }

@@ -19,7 +19,7 @@ bool HasResult(const Program& program) {
 
 bool SearchFor(const Program& program, const std::wstring& text) {
   program.Focus(kTxtMPSC);
-  TypeTextWithoutShift(text);
+  TypeText(text);
   if (!WaitUntil([&] { return program.Text(kTxtMPSC) == text; })) return false;
   PressKey(VK_RETURN);
   return HasResult(program);
