@@ -121,23 +121,6 @@ TEST_F(PointerPath, AWindowThatGoesAwaySelectsNothingUnderTheRestingPointer) {
   EXPECT_TRUE(WaitUntil([&] { return program->ListIndex(kAll) == 4; }));
 }
 
-TEST_F(PointerPath, AMenuThatGoesAwaySelectsNothingUnderTheRestingPointer) {
-  SearchFor(L"lhota");
-  // By the keyboard: the display's own movement to the place of a click comes late, and is a movement.
-  ASSERT_TRUE(TabTo(kResult));
-  PressKey(VK_F10, false, true);
-  ASSERT_TRUE(WaitUntil([] { return OpenMenu() != nullptr; }));
-  RECT menu{};
-  GetWindowRect(OpenMenu(), &menu);
-  const int before = program->ListIndex(kResult);
-  MovePointer({menu.left + 20, menu.top + 30});
-  ASSERT_TRUE(LeaveMenus());
-  PressKey('M', true);
-  ASSERT_TRUE(WaitFocus(kText));
-  EXPECT_TRUE(InputHasArrived());
-  EXPECT_EQ(program->ListIndex(kResult), before);
-}
-
 TEST_F(PointerPath, AWindowInTheBackgroundKeepsWhatWasTyped) {
   PressKey('P', true);
   TypeText(L"692 01");

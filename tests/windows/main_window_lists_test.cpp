@@ -96,5 +96,27 @@ TEST_F(Lists, PointerBelowTheLastRowSelectsNothing) {
   EXPECT_EQ(window.lstMPSC[0].ListIndex(), 3);
 }
 
+// As messages: the display's own movements, which come when they like, would be real ones.
+TEST_F(Lists, WhatThePointerDidInAMenuSelectsNothingBehindIt) {
+  SetSetting(0, L"1");
+  frmhlavni& window = OpenInFront();
+  const HWND list = window.lstMPSC[0].Handle();
+  const auto height = static_cast<int>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0));
+  POINT place = {10, 2 * height + height / 2};
+  MoveOver(window.lstMPSC[0], 4);
+  ASSERT_EQ(window.lstMPSC[0].ListIndex(), 4);
+  POINT screen = place;
+  ClientToScreen(list, &screen);
+  SetCursorPos(screen.x, screen.y);
+  MSG unseen{};
+  while (PeekMessageW(&unseen, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
+  }
+  SendMessageW(window.Handle(), WM_EXITMENULOOP, TRUE, 0);
+  SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 4);
+  SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(place.x + 1, place.y));
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+}
+
 }  // namespace
 }  // namespace kvez
