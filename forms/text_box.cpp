@@ -64,7 +64,7 @@ void TextBox::PasteText() {
     DWORD first = 0;
     DWORD end = 0;
     Native(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&end));
-    const auto kept = static_cast<std::size_t>(Native(WM_GETTEXTLENGTH)) - (end - first);
+    const std::size_t kept = static_cast<std::size_t>(Native(WM_GETTEXTLENGTH)) - (end - first);
     const auto limit = static_cast<std::size_t>(m_maxLength);
     text.resize(std::min(text.size(), limit - std::min(limit, kept)));
   }
