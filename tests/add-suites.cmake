@@ -1,5 +1,5 @@
-# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. SESSION, where it is
-# set, is the folder of their Wine session. LIST keeps them until the program is built anew.
+# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. SESSION is the folder
+# of their Wine session, or empty. LIST keeps them until the program is built anew.
 if(NOT EXISTS ${PROGRAM})
   return()
 endif()
@@ -20,7 +20,7 @@ if(NOT EXISTS ${LIST} OR ${PROGRAM} IS_NEWER_THAN ${LIST})
       # One desktop, one pointer, one keyboard; each ring has its own.
       string(APPEND properties " RESOURCE_LOCK ${LABEL}_desktop")
     endif()
-    if(DEFINED SESSION)
+    if(SESSION)
       list(APPEND environment KVEZ_SESSION=${SESSION})
     endif()
     if(suite MATCHES "^RealPrinter")

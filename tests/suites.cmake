@@ -5,15 +5,11 @@
 #
 # The suites are asked from the program when CTest starts, because the build may not be able to run it.
 function(kvez_discover_suites target label)
-  set(session "")
-  if(ARGN)
-    set(session "set(SESSION \"${ARGN}\")")
-  endif()
   set(include ${CMAKE_CURRENT_BINARY_DIR}/${target}-suites-include.cmake)
   file(GENERATE OUTPUT ${include} CONTENT "set(PROGRAM \"$<TARGET_FILE:${target}>\")
 set(LAUNCHER \"${CMAKE_CROSSCOMPILING_EMULATOR}\")
 set(LABEL ${label})
-${session}
+set(SESSION \"${ARGN}\")
 set(LIST \"${CMAKE_CURRENT_BINARY_DIR}/${target}-suites.cmake\")
 include(\"${CMAKE_CURRENT_FUNCTION_LIST_DIR}/add-suites.cmake\")
 ")
