@@ -188,7 +188,7 @@ std::optional<LRESULT> AnswerGetObject(Control& control, const std::shared_ptr<C
   // Nobody asks who has not got that library, and whoever asks anyway gets the system's own answer.
   if (create == nullptr || handOver == nullptr) return std::nullopt;
   void* standard = nullptr;
-  if (FAILED(create(control.Handle(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &standard))) {
+  if (FAILED(create(control.Handle(), OBJID_CLIENT, __uuidof(IAccessible), &standard))) {
     return std::nullopt;
   }
   auto* const accessible = new Accessible(life, static_cast<IAccessible*>(standard));

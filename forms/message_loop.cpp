@@ -27,6 +27,7 @@ void RunMessageLoop(const Form& form) {
     if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
       // Not GetMessage: it works off sent messages without returning, and one of them may be what destroys the form, or
       // has destroyed it just now.
+      // cppcheck-suppress nullPointer
       if (form.IsOpen()) MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
       continue;
     }

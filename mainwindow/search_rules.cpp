@@ -51,7 +51,7 @@ std::wstring ReadPostalCode(std::wstring_view text) {
 }
 
 std::wstring PostalTextToPaste(std::wstring_view text, std::size_t longest) {
-  const std::wstring trimmed = Trimmed(text);
+  std::wstring trimmed = Trimmed(text);
   if (trimmed.size() <= longest) return trimmed;
   std::wstring packed = WithoutBlanks(trimmed);
   return packed.size() <= longest && IsPostalText(packed) ? packed : trimmed;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "database/application.h"
 
 namespace kvez {

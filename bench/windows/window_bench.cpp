@@ -21,6 +21,7 @@
 #include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_downloader.h"
 #include "platform/windows/windows_help_viewer.h"
+#include "platform/windows/windows_kept_files.h"
 #include "platform/windows/windows_shell.h"
 #include "tests/support/program_driver.h"
 
@@ -139,8 +140,9 @@ void MeasureWindow(const std::wstring& exe, Limits& limits) {
   WindowsHelpViewer help([] { return HWND{}; });
   WindowsShell shell;
   WindowsAutomation automation;
+  WindowsKeptFiles kept;
   frmhlavni window(database, machine.Platform(), machine.clock,
-                   {downloader, help, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
+                   {downloader, help, kept, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
   machine.window = window.Handle();
   window.Load();
   forms::DoEvents();

@@ -74,8 +74,9 @@ std::int32_t ExpectedResult(const std::wstring& path) {
   const HANDLE opened =
       CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
   if (opened == INVALID_HANDLE_VALUE) return LZERROR_READ;
+  const OwnedFile compressed(opened);
   try {
-    auto file = ReadWholeFile(OwnedFile(opened).Get());
+    auto file = ReadWholeFile(compressed.Get());
     return file ? ExpandAsLibrary(std::move(*file)).result : LZERROR_READ;
   } catch (const std::bad_alloc&) {
     return LZERROR_GLOBALLOC;

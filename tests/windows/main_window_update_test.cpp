@@ -225,7 +225,7 @@ class MainWindowHelp : public MainWindowUpdate {
   /// What a download brings.
   void ServeHelp(const std::string& bytes = test::HelpBytes()) {
     const auto watch = m_commands.downloader.onDownload;
-    m_commands.downloader.onDownload = [this, watch, bytes](const std::wstring& address, const std::wstring& path) {
+    m_commands.downloader.onDownload = [watch, bytes](const std::wstring& address, const std::wstring& path) {
       if (watch) watch(address, path);
       std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
     };
