@@ -132,10 +132,9 @@ void MovePointer(POINT screen) {
     POINT pointer{};
     return GetCursorPos(&pointer) && pointer.x == screen.x && pointer.y == screen.y;
   };
-  if (HoldsWithin(0.4, isThere)) {
-    HurryPointer(screen);
-    return;
-  }
+  // Once more when it is there: only now every program hears of the right place. And it rests before anything else
+  // happens: what came late would be a movement then.
+  if (HoldsWithin(0.4, isThere) && HoldsWithin(0.4, isThere)) return;
   // An open menu has the display's pointer for itself, and hears of movements as input only.
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
