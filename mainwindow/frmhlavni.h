@@ -200,7 +200,6 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // Busy: from the start to the end of Form_Load, while a search runs, and from the confirmed exit on. The selection
   // does not follow the pointer then.
   bool m_busy = true;
-  bool m_downloading = false;
   std::array<bool, 3> m_settingTold{};  // it cannot be read, and the user knows
   bool m_postalMode = false;
   bool m_nameMode = false;

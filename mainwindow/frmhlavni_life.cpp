@@ -82,7 +82,10 @@ void frmhlavni::LoadAndFillLists() {
 
 // What stood in the lists before, an update that brought nothing good having come between, belongs to no data any more.
 void frmhlavni::ShowNoData() {
-  for (const List list : {kListAll, kListResult, kListDistricts}) lstMPSC[list].Clear();
+  for (forms::ListBox& list : lstMPSC) {
+    list.Clear();
+    list.SetHorizontalExtent(0);
+  }
   picMPSCPI.SetVisible(false);
 }
 

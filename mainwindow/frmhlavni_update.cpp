@@ -36,19 +36,16 @@ void frmhlavni::tlHAktualizace_Click() {
   const forms::InputPause pause(*this);
   // What a failure just before has left to be cleared is over; it must not clear what this one says.
   m_messageTimer.Stop();
+  m_statusBar.SetIcon(2, -1, L"STAZENI");
+  // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
+  if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
   std::int32_t result = 0;
-  {
-    const BusyScope downloading(m_downloading);
-    m_statusBar.SetIcon(2, -1, L"STAZENI");
-    // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
-    if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
-    for (const UpdateFile& file : kUpdateFiles) {
-      // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
-      result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
-      // The session ends: there is nobody left to download for, and nothing to say.
-      if (!IsOpen()) return;
-      if (SessionEnds()) return ClearMessage();
-    }
+  for (const UpdateFile& file : kUpdateFiles) {
+    // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
+    result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
+    // The session ends: there is nobody left to download for, and nothing to say.
+    if (!IsOpen()) return;
+    if (SessionEnds()) return ClearMessage();
   }
   if (result == 0) {
     TakeOverDownloadedFiles();
@@ -122,11 +119,7 @@ void frmhlavni::tlHNapoveda_Click() {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
     m_statusBar.SetIcon(2, -1, L"STAZENI");
     const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
-    std::int32_t result = 0;
-    {
-      const BusyScope downloading(m_downloading);
-      result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
-    }
+    const std::int32_t result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
     if (!IsOpen()) return;
     if (result == 0 && HasHelpContent(path)) {
       m_services.help.Show(path);

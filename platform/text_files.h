@@ -12,8 +12,8 @@ class TextFiles {
 
   /// Creates the file, or replaces the one that is there, with `text` as it stands. A character that the code page
   /// lacks becomes its default character. The one that is there stays whole until the new one is, also when the program
-  /// ends in the middle; only where it cannot be replaced it is written itself. Throws std::runtime_error when neither
-  /// can be.
+  /// ends in the middle or the disk is full; only where nothing can take its name it is written itself. Throws
+  /// std::runtime_error when the text cannot be written.
   virtual void Write(const std::wstring& path, std::wstring_view text) = 0;
 };
 

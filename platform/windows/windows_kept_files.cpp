@@ -2,22 +2,16 @@
 
 #include <windows.h>
 
+#include "platform/windows/file_aside.h"
 #include "platform/windows/owned.h"
 
 namespace kvez {
 namespace {
 
-// Where a copy is until it is whole. What a violent end leaves there goes with the next copy.
-std::wstring NameAside(const std::wstring& path) { return path + L".kvez"; }
-
 bool Flush(const std::wstring& path) {
   const HANDLE opened = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   if (opened == INVALID_HANDLE_VALUE) return false;
   return FlushFileBuffers(OwnedFile(opened).Get()) != FALSE;
-}
-
-bool Rename(const std::wstring& from, const std::wstring& to) {
-  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
 }
 
 }  // namespace

@@ -5,38 +5,44 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/windows/file_aside.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
 
 namespace kvez {
 namespace {
 
-// Where the text is until it is whole. One name for each file: what a violent end leaves there goes with the next text.
-std::wstring NameAside(const std::wstring& path) { return path + L".kvez"; }
-
-void WriteWhole(const std::wstring& path, const std::string& bytes) {
+HANDLE Create(const std::wstring& path) {
   const HANDLE created =
       CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (created == INVALID_HANDLE_VALUE) throw std::runtime_error("A text file cannot be created.");
-  const OwnedFile file(created);
-  DWORD written = 0;
-  if (!WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
-      written != bytes.size() || !FlushFileBuffers(file.Get())) {
-    throw std::runtime_error("A text file cannot be written.");
-  }
+  return created == INVALID_HANDLE_VALUE ? nullptr : created;
 }
 
-// Whether the file is there now as a whole; else it is as it was.
-bool Replace(const std::wstring& path, const std::string& bytes) {
+bool WriteAll(HANDLE file, const std::string& bytes) {
+  DWORD written = 0;
+  return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+         written == bytes.size() && FlushFileBuffers(file);
+}
+
+void WriteOver(const std::wstring& path, const std::string& bytes) {
+  const OwnedFile file(Create(path));
+  if (!file) throw std::runtime_error("A text file cannot be created.");
+  if (!WriteAll(file.Get(), bytes)) throw std::runtime_error("A text file cannot be written.");
+}
+
+// Whether the name is taken: not where nobody may make a new file, nor from a file that another program shows. Throws
+// when there is no room for the text; then there is none in place of the older one either, which stays.
+bool WriteAside(const std::wstring& path, const std::string& bytes) {
   const std::wstring aside = NameAside(path);
-  try {
-    WriteWhole(aside, bytes);
-  } catch (const std::runtime_error&) {
-    DeleteFileW(aside.c_str());
-    return false;
+  bool isWhole = false;
+  {
+    const OwnedFile file(Create(aside));
+    if (!file) return false;
+    isWhole = WriteAll(file.Get(), bytes);
   }
-  if (MoveFileExW(aside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+  if (isWhole && Rename(aside, path)) return true;
   DeleteFileW(aside.c_str());
+  if (!isWhole) throw std::runtime_error("A text file cannot be written.");
   return false;
 }
 
@@ -44,8 +50,7 @@ bool Replace(const std::wstring& path, const std::string& bytes) {
 
 void WindowsTextFiles::Write(const std::wstring& path, std::wstring_view text) {
   const std::string bytes = ToSystemCodePage(text);
-  // A file that another program shows, or in a folder where nobody may make a new one, can still be written itself.
-  if (!Replace(path, bytes)) WriteWhole(path, bytes);
+  if (!WriteAside(path, bytes)) WriteOver(path, bytes);
 }
 
 }  // namespace kvez

@@ -50,6 +50,16 @@ class InputGate : public MainWindowTest {
     EXPECT_EQ(Rows(window.lstMPSC[kListResult]), Strings{L"Mikulov"});
     EXPECT_THAT(m_commands.help.shown, IsEmpty());
   }
+  /// The window with a PSČ typed into the light-blue field, whose search is far away.
+  frmhlavni& OpenWithADeferredSearch() {
+    SetSetting(2, L"1");
+    frmhlavni& window = OpenInFront();
+    window.tmrMPSC.SetInterval(600'000);
+    ClickOn(window.optMPSC[kModePostal]);
+    ClickOn(window.txtMPSC[1]);
+    TypeText(L"6914");
+    return window;
+  }
   void Search(const std::wstring& text) {
     ClickOn(m_window->txtMPSC[0]);
     m_window->txtMPSC[0].SelectAll();
@@ -246,12 +256,7 @@ TEST_F(InputGate, TheSessionEndsOverAnOpenExitQuestion) {
 }
 
 TEST_F(InputGate, TheDeferredSearchWaitsForAQuestionToEnd) {
-  SetSetting(2, L"1");
-  frmhlavni& window = OpenInFront();
-  window.tmrMPSC.SetInterval(600'000);
-  ClickOn(window.optMPSC[0]);
-  ClickOn(window.txtMPSC[1]);
-  TypeText(L"6914");
+  frmhlavni& window = OpenWithADeferredSearch();
   m_machine.messages.onAsk = [&] {
     window.tmrMPSC.SetInterval(1);
     int ticks = 0;
@@ -266,12 +271,7 @@ TEST_F(InputGate, TheDeferredSearchWaitsForAQuestionToEnd) {
 }
 
 TEST_F(InputGate, TheDeferredSearchWaitsForAboutToClose) {
-  SetSetting(2, L"1");
-  frmhlavni& window = OpenInFront();
-  window.tmrMPSC.SetInterval(600'000);
-  ClickOn(window.optMPSC[0]);
-  ClickOn(window.txtMPSC[1]);
-  TypeText(L"6914");
+  frmhlavni& window = OpenWithADeferredSearch();
   ClickOn(window.tlHOaplikaci);
   ASSERT_TRUE(window.fraMPSCO.Visible());
   int ticks = 0;

@@ -32,7 +32,10 @@ class MainWindowMemory : public MainWindowTest {
   }
 
   void ExpectNoRows() {
-    for (const forms::ListBox& list : m_window->lstMPSC) EXPECT_EQ(Rows(list), Strings());
+    for (const forms::ListBox& list : m_window->lstMPSC) {
+      EXPECT_EQ(Rows(list), Strings());
+      EXPECT_EQ(SendMessageW(list.Handle(), LB_GETHORIZONTALEXTENT, 0, 0), 0);
+    }
     EXPECT_FALSE(m_window->picMPSCPI.Visible());
     EXPECT_FALSE(m_window->optMPSC[kModeDistrict].Visible());
     EXPECT_EQ(m_database.pscCelkem(), 0);

@@ -12,6 +12,7 @@
 #include "platform/windows/windows_text_files.h"
 #include "tests/support/mail_client.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/waiting.h"
 
 namespace kvez::test {
 namespace {
@@ -119,6 +120,59 @@ TEST(SystemTextFiles, ReplaceTheOlderFileAsAWhole) {
   EXPECT_NE(Identity(folder.Path() / "soubor.txt"), older);
   EXPECT_EQ(folder.Read("soubor.txt"), "new");
   EXPECT_EQ(folder.Read("soubor.txt.kvez"), "(missing)");
+}
+
+// A name in a folder that leads to a full device, for as long as the object lives. Windows has no such device; what
+// runs its programs here does, and does not let them remove the name.
+class FullDisk {
+ public:
+  FullDisk(std::filesystem::path folder, std::wstring name) : m_folder(std::move(folder)), m_name(std::move(name)) {
+    m_isThere = Run(L"ln", L"ln -s /dev/full " + m_name) && Waits(true);
+  }
+  ~FullDisk() {
+    if (m_isThere && Run(L"rm", L"rm " + m_name)) Waits(false);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+  bool IsThere() const { return m_isThere; }
+
+ private:
+  bool Run(const std::wstring& program, std::wstring command) const {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW((L"Z:\\bin\\" + program).c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        m_folder.c_str(), &startup, &process)) {
+      return false;
+    }
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+  }
+  bool Waits(bool there) const {
+    const std::wstring path = (m_folder / m_name).wstring();
+    // The attributes of a device are not told.
+    return WaitUntil([&] {
+      const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+      const bool isThere = file != INVALID_HANDLE_VALUE;
+      if (isThere) CloseHandle(file);
+      return isThere == there;
+    });
+  }
+
+  std::filesystem::path m_folder;
+  std::wstring m_name;
+  bool m_isThere = false;
+};
+
+TEST(SystemTextFiles, KeepTheOlderFileWhenTheDiskIsFull) {
+  const TemporaryFolder folder;
+  folder.Write("soubor.txt", std::string("older"));
+  const FullDisk full(folder.Path(), L"soubor.txt.kvez");
+  if (!full.IsThere()) GTEST_SKIP() << "there is no full device";
+  EXPECT_THROW(WindowsTextFiles().Write((folder.Path() / "soubor.txt").wstring(), L"new"), std::runtime_error);
+  EXPECT_EQ(folder.Read("soubor.txt"), "older");
 }
 
 TEST(SystemTextFiles, WriteIntoAFileThatCannotBeReplaced) {
