@@ -33,10 +33,9 @@ bool HasHelpFormat(std::span<const std::uint8_t> beginning, std::uint64_t length
 }
 
 bool HasHelpContent(const std::wstring& path) {
-  const HANDLE opened = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) return false;
-  const OwnedFile file(opened);
+  const OwnedFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                   nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file) return false;
   LARGE_INTEGER length{};
   std::array<std::uint8_t, kHelpHeaderBytes> beginning{};
   DWORD count = 0;

@@ -29,9 +29,9 @@ std::int32_t LongPathLzLibrary::OpenFile(const std::wstring& path, LzMode mode) 
     return CreateFileW(path.c_str(), create ? GENERIC_WRITE : GENERIC_READ, create ? 0 : FILE_SHARE_READ, nullptr,
                        create ? CREATE_ALWAYS : OPEN_EXISTING, 0, nullptr);
   };
-  const HANDLE file = m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE);
-  if (file == INVALID_HANDLE_VALUE) return create ? LZERROR_BADOUTHANDLE : LZERROR_BADINHANDLE;
-  m_open.emplace(++m_lastHandle, OwnedFile(file));
+  OwnedFile file(m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE));
+  if (!file) return create ? LZERROR_BADOUTHANDLE : LZERROR_BADINHANDLE;
+  m_open.emplace(++m_lastHandle, std::move(file));
   return m_lastHandle;
 }
 

@@ -54,8 +54,14 @@ using OwnedBitmap = Owned<HBITMAP, &release::Object>;
 using OwnedMemoryContext = Owned<HDC, &release::Context>;
 using OwnedIcon = Owned<HICON, &release::Icon>;
 using OwnedMenu = Owned<HMENU, &release::Menu>;
-using OwnedFile = Owned<HANDLE, &release::File>;
 using OwnedRegistryKey = Owned<HKEY, &release::RegistryKey>;
+
+/// Empty also with the value by which CreateFile says that it failed.
+class OwnedFile : public Owned<HANDLE, &release::File> {
+ public:
+  OwnedFile() = default;
+  explicit OwnedFile(HANDLE file) : Owned(file == INVALID_HANDLE_VALUE ? nullptr : file) {}
+};
 
 /// Selects an object into a device context and puts the previous one back.
 class ObjectSelection {

@@ -15,8 +15,6 @@ namespace {
 // More than one call of the system takes at once on every file system.
 constexpr std::size_t kBlock = 1U << 20;
 
-HANDLE OrNone(HANDLE file) { return file == INVALID_HANDLE_VALUE ? nullptr : file; }
-
 OVERLAPPED At(std::uint64_t offset) {
   OVERLAPPED place{};
   place.Offset = static_cast<DWORD>(offset);
@@ -36,13 +34,18 @@ bool WriteAll(HANDLE file, std::uint64_t offset, std::span<const std::uint8_t> b
   return FlushFileBuffers(file) != FALSE;
 }
 
+HANDLE Hold(const FilePath& file, DWORD disposition) {
+  return OwnedFile(CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr, disposition,
+                               FILE_ATTRIBUTE_NORMAL, nullptr))
+      .TakeOwnership();
+}
+
 bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
 
 }  // namespace
 
 Answer MakeFile(const FilePath& file, std::span<const std::uint8_t> bytes) {
-  OwnedFile made(
-      OrNone(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
+  OwnedFile made(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!made) return GetLastError() == ERROR_FILE_EXISTS ? Answer::NameIsTaken : Answer::No;
   const bool written = WriteAll(made.Get(), 0, bytes);
   if (CloseHandle(made.TakeOwnership()) && written) return Answer::Yes;
@@ -70,15 +73,13 @@ void FlushNames(const FilePath&) {
 }
 
 Answer HeldFile::Make(const FilePath& file) {
-  m_file = OrNone(CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
+  m_file = Hold(file, CREATE_NEW);
   if (m_file != nullptr) return Answer::Yes;
   return GetLastError() == ERROR_FILE_EXISTS ? Answer::NameIsTaken : Answer::No;
 }
 
 Answer HeldFile::Open(const FilePath& file) {
-  m_file = OrNone(CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr, OPEN_EXISTING,
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
+  m_file = Hold(file, OPEN_EXISTING);
   if (m_file != nullptr) return Answer::Yes;
   const DWORD error = GetLastError();
   if (IsMissing(error)) return Answer::Missing;

@@ -18,16 +18,13 @@ HANDLE OpenForAttributes(const std::wstring& path) {
   return CreateFileW(path.c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
 }
 
-// CreateFile marks a failure with its own value, which stands for no handle here.
-HANDLE OrNone(HANDLE file) { return file == INVALID_HANDLE_VALUE ? nullptr : file; }
-
 }  // namespace
 
 std::optional<std::vector<std::uint8_t>> WindowsFiles::Read(const std::wstring& path) {
   const auto open = [&] {
     return CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
   };
-  const OwnedFile file(OrNone(m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE)));
+  const OwnedFile file(m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE));
   if (!file) return std::nullopt;
   return ReadWholeFile(file.Get());
 }
@@ -36,7 +33,7 @@ std::optional<DateTime> WindowsFiles::LastWriteTime(const std::wstring& path) {
   FILETIME unused{};
   FILETIME written{};
   {
-    const OwnedFile file(OrNone(OpenForAttributes(path)));
+    const OwnedFile file(OpenForAttributes(path));
     if (!file || !GetFileTime(file.Get(), &unused, &unused, &written)) return std::nullopt;
   }
   FILETIME local{};

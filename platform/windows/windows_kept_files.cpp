@@ -9,9 +9,8 @@ namespace kvez {
 namespace {
 
 bool Flush(const std::wstring& path) {
-  const HANDLE opened = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) return false;
-  return FlushFileBuffers(OwnedFile(opened).Get()) != FALSE;
+  const OwnedFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  return file && FlushFileBuffers(file.Get());
 }
 
 }  // namespace

@@ -62,19 +62,18 @@ INT Open(std::string& path, WORD style) {
 INT OpenForReading(std::string& path) {
   const INT handle = Open(path, OF_READ | OF_SHARE_DENY_WRITE);
   if (handle != HFILE_ERROR) return handle;
-  const HANDLE probe = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (probe == INVALID_HANDLE_VALUE) return HFILE_ERROR;
-  CloseHandle(probe);
+  if (!OwnedFile(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))) {
+    return HFILE_ERROR;
+  }
   SetLastError(ERROR_SHARING_VIOLATION);  // it was held until just now
   return HFILE_ERROR;
 }
 
 // What the copy of a file must come to: its bytes, or what is wrong with it.
 std::int32_t ExpectedResult(const std::wstring& path) {
-  const HANDLE opened =
-      CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) return LZERROR_READ;
-  const OwnedFile compressed(opened);
+  const OwnedFile compressed(
+      CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!compressed) return LZERROR_READ;
   try {
     auto file = ReadWholeFile(compressed.Get());
     return file ? ExpandAsLibrary(std::move(*file)).result : LZERROR_READ;

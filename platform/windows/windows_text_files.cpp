@@ -12,10 +12,9 @@
 namespace kvez {
 namespace {
 
-HANDLE Create(const std::wstring& path) {
-  const HANDLE created =
-      CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  return created == INVALID_HANDLE_VALUE ? nullptr : created;
+OwnedFile Create(const std::wstring& path) {
+  return OwnedFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 bool WriteAll(HANDLE file, const std::string& bytes) {
@@ -25,7 +24,7 @@ bool WriteAll(HANDLE file, const std::string& bytes) {
 }
 
 void WriteOver(const std::wstring& path, const std::string& bytes) {
-  const OwnedFile file(Create(path));
+  const OwnedFile file = Create(path);
   if (!file) throw std::runtime_error("A text file cannot be created.");
   if (!WriteAll(file.Get(), bytes)) throw std::runtime_error("A text file cannot be written.");
 }
@@ -36,7 +35,7 @@ bool WriteAside(const std::wstring& path, const std::string& bytes) {
   const std::wstring aside = NameAside(path);
   bool isWhole = false;
   {
-    const OwnedFile file(Create(aside));
+    const OwnedFile file = Create(aside);
     if (!file) return false;
     isWhole = WriteAll(file.Get(), bytes);
   }
