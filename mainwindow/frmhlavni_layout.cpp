@@ -38,10 +38,11 @@ constexpr COLORREF kLightBlue = RGB(0xD7, 0xEB, 0xFF);
 
 constexpr unsigned kDeferredSearchMilliseconds = 1500;
 
-// What all buttons of the window have in common: a dotted focus mark, which everybody sees, and a green that can be
-// read.
+// What all buttons of the window have in common: a dotted focus mark, which everybody sees, a green that can be read,
+// and the border of two lines: the single one is as light as the form at the left and at the top, where its button
+// would seem to have no edge.
 MemoryPropertyBag ButtonProperties(const wchar_t* caption) {
-  return {{L"FoD", 1}, {L"DC", 0x008000}, {L"C", std::wstring(caption)}};
+  return {{L"FoD", 1}, {L"DEB", 1}, {L"DC", 0x008000}, {L"C", std::wstring(caption)}};
 }
 
 struct AboutButton {
