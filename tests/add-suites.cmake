@@ -1,5 +1,5 @@
-# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. SESSION is the folder
-# of their Wine session, or empty. LIST keeps them until the program is built anew.
+# Read by CTest for each test program PROGRAM, which LAUNCHER runs: registers its suites under LABEL. SESSIONS are the folders
+# of their Wine sessions, or empty. LIST keeps them until the program is built anew.
 if(NOT EXISTS ${PROGRAM})
   return()
 endif()
@@ -12,20 +12,24 @@ if(NOT EXISTS ${LIST} OR ${PROGRAM} IS_NEWER_THAN ${LIST})
   # A suite stands at the beginning of its line and ends in a full stop; behind a parametrised one is a comment.
   string(REGEX MATCHALL "(^|\n)[A-Za-z0-9_/]+\\." suites "${output}")
   set(text "")
+  set(turn 0)
   foreach(suite IN LISTS suites)
     string(REGEX REPLACE "[\n.]" "" suite "${suite}")
     set(properties "LABELS ${LABEL} TIMEOUT 600")
     set(environment "")
-    if(NOT LABEL STREQUAL core)
-      # One desktop, one pointer, one keyboard; each ring has its own.
-      string(APPEND properties " RESOURCE_LOCK ${LABEL}_desktop")
-    endif()
-    if(SESSION)
-      list(APPEND environment KVEZ_SESSION=${SESSION})
-    endif()
-    if(suite MATCHES "^RealPrinter")
-      string(APPEND properties " FIXTURES_REQUIRED ${LABEL}_print_queue")
-      list(APPEND environment KVEZ_PRINT_QUEUE=1)
+    if(SESSIONS)
+      if(suite MATCHES "^RealPrinter")
+        list(GET SESSIONS 0 session)
+        string(APPEND properties " FIXTURES_REQUIRED ${LABEL}_print_queue")
+        list(APPEND environment KVEZ_PRINT_QUEUE=1)
+      else()
+        list(GET SESSIONS ${turn} session)
+        list(LENGTH SESSIONS count)
+        math(EXPR turn "(${turn} + 1) % ${count}")
+      endif()
+      # One desktop, one pointer, one keyboard.
+      string(APPEND properties " RESOURCE_LOCK ${session}")
+      list(APPEND environment KVEZ_SESSION=${session})
     endif()
     if(environment)
       string(APPEND properties " ENVIRONMENT \"${environment}\"")

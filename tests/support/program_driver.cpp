@@ -12,6 +12,14 @@
 namespace kvez::test {
 namespace {
 
+// Whether the display's pointer belongs to an open menu, or to a window that is being moved or resized.
+bool IsPointerHeld() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  constexpr DWORD holders = GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE | GUI_INMOVESIZE;
+  return GetGUIThreadInfo(0, &info) && (info.flags & holders) != 0;
+}
+
 constexpr const wchar_t* kTitle = L"Kvez";
 constexpr const wchar_t* kMainWindowClass = L"KvezForm";
 constexpr const wchar_t* kDialogClass = L"#32770";
@@ -134,8 +142,9 @@ void MovePointer(POINT screen) {
   };
   // Once more when it is there: only now every program hears of the right place. And it rests before anything else
   // happens: what came late would be a movement then.
-  if (HoldsWithin(0.4, isThere) && HoldsWithin(0.4, isThere)) return;
-  // An open menu has the display's pointer for itself, and hears of movements as input only.
+  const double patience = IsPointerHeld() ? 0.4 : 10.0;
+  if (HoldsWithin(patience, isThere) && HoldsWithin(patience, isThere)) return;
+  // Who holds the display's pointer hears of movements as input only.
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
   INPUT input{};

@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace kvez::test::system_calls {
 namespace {
@@ -24,6 +25,9 @@ std::size_t counted = 0;
 Fault kind = Fault::Refuse;
 std::size_t renamingsToRefusal = 0;
 char description[512];
+const char* namedCall = nullptr;
+std::function<int()> atNamedCall;
+int namedError = 0;
 
 /// What a call can suffer besides being refused and killed.
 enum class Call { Plain, Interruptible, Partial };
@@ -41,8 +45,16 @@ bool CanHappen(Call call) {
   return false;
 }
 
+bool NamedCallIsToFail(const char* name) {
+  if (namedCall == nullptr || std::strcmp(name, namedCall) != 0) return false;
+  namedCall = nullptr;
+  namedError = atNamedCall();
+  return namedError != 0;
+}
+
 /// Whether this call is the one. A kill does not return.
 bool IsToFail(const char* name, const char* detail, Call call) {
+  if (NamedCallIsToFail(name)) return true;
   if (armed && renamingsToRefusal > 0) return std::strcmp(name, "rename") == 0 && --renamingsToRefusal == 0;
   if (!armed || !CanHappen(call) || ++counted != target) return false;
   if (kind == Fault::Kill) ::kill(::getpid(), SIGKILL);
@@ -51,7 +63,10 @@ bool IsToFail(const char* name, const char* detail, Call call) {
   return true;
 }
 
-int Errno(int refusal) { return kind == Fault::Interrupt ? EINTR : refusal; }
+int Errno(int refusal) {
+  if (namedError != 0) return std::exchange(namedError, 0);
+  return kind == Fault::Interrupt ? EINTR : refusal;
+}
 
 template <class Function>
 Function* Real(Function*, const char* name) {
@@ -74,8 +89,15 @@ void ArmToKill(std::size_t refusal, std::size_t number) {
   Arm(number, Fault::Kill);
 }
 
+void AtNext(const char* name, std::function<int()> act) {
+  namedError = 0;
+  atNamedCall = std::move(act);
+  namedCall = name;
+}
+
 std::size_t Disarm() {
   armed = false;
+  namedCall = nullptr;
   return counted;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 /// Calls of the system for files that fail on purpose. A program that links system_call_faults.cpp makes its calls
@@ -20,6 +21,10 @@ void Arm(std::size_t failing, Fault fault);
 /// From now on the process is killed before call number `number`. With `refusal`, renaming number `refusal` is refused
 /// first, and the calls are counted from there on.
 void ArmToKill(std::size_t refusal, std::size_t number);
+
+/// The next call of this name runs `act` first, whose calls are the system's own again, and fails with the error number
+/// that it returns; 0 lets it go on.
+void AtNext(const char* name, std::function<int()> act);
 
 /// Nothing fails any more. Returns how many calls were counted: of the kind that the fault can happen to.
 std::size_t Disarm();
