@@ -19,9 +19,6 @@
 
 namespace kvez {
 
-/// How a postal code is shown: 110 00, with its leading zeros.
-inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
-
 /// What a search that ran out of memory says it has searched for.
 inline constexpr std::wstring_view kOutOfMemory = L"Nedostatek paměti.";
 

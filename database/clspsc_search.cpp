@@ -11,6 +11,7 @@
 #include "database/name_pattern.h"
 #include "database/numeric_text.h"
 #include "database/quoted.h"
+#include "database/status_text.h"
 
 namespace kvez {
 namespace {

@@ -8,6 +8,9 @@
 
 namespace kvez {
 
+/// How a postal code is shown: 110 00, with its leading zeros.
+inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
+
 /// A whole number in digit groups.
 std::wstring GroupedNumber(Formats& formats, std::int32_t number);
 

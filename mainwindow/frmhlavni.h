@@ -122,6 +122,9 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   /// To be called at the end of every command: what the panel offers follows from what is chosen in it.
   void UpdatePanel();
   void ShowModeHint(std::wstring_view hint);
+  /// What may be tried next after a search for `text`, on the status bar. The next command takes it away.
+  void ShowSearchOffer(const std::wstring& text);
+  void TakeSearchOfferAway();
   void LeaveTypingModes();
   /// A row was chosen, or the one that was chosen is gone.
   void ChooseRow(std::size_t list);
@@ -209,6 +212,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   bool m_aboutIsOpen = false;
   bool m_searchingResumed = false;
   std::wstring_view m_modeHint;        // what the status bar has been told about the mode
+  std::wstring m_searchOffer;          // what it has been told to offer after a search
   bool m_deferredSearchIsDue = false;  // the light-blue field has a text that was typed and not yet searched for
 
   // The row that was shown last, -1 for none, and its list, in which the work goes on.

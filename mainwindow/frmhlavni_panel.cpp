@@ -1,7 +1,9 @@
 // What the search panel offers, after whatever was chosen in it.
 
+#include <new>
 #include <utility>
 
+#include "database/search_offer.h"
 #include "mainwindow/frmhlavni.h"
 
 namespace kvez {
@@ -26,6 +28,7 @@ void frmhlavni::UpdatePanel() {
   tlHVyhledej.SetEnabled(offer.search);
   if (!offer.commonPostalCode) tlHObcePSC.SetVisible(false);
   ShowModeHint(offer.hint);
+  TakeSearchOfferAway();
 }
 
 void frmhlavni::ShowModeHint(std::wstring_view hint) {
@@ -37,6 +40,29 @@ void frmhlavni::ShowModeHint(std::wstring_view hint) {
     // What else the status bar says meanwhile is no hint of a mode.
     ClearMessage();
   }
+}
+
+void frmhlavni::ShowSearchOffer(const std::wstring& text) {
+  if (m_districtMode) return;
+  const auto by = m_postalMode ? EndedSearch::By::PostalCode : EndedSearch::By::Name;
+  try {
+    m_searchOffer = OfferAfter({by, text, m_database.pCelkem()}, m_database.Municipalities(), m_database.PostOffices(),
+                               m_platform.formats);
+  } catch (const std::bad_alloc&) {
+    // An offer is no reason for a message; the search itself has had its own.
+    m_searchOffer.clear();
+  }
+  if (m_searchOffer.empty()) return;
+  m_statusBar.SetIcon(2, -1, L"NAJDI");
+  m_statusBar.SetText(m_searchOffer, 2, 0);
+}
+
+void frmhlavni::TakeSearchOfferAway() {
+  const std::wstring offer = std::exchange(m_searchOffer, {});
+  if (offer.empty() || m_statusBar.Message() != offer) return;
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  if (m_modeHint.empty()) return ClearMessage();
+  m_statusBar.SetText(m_modeHint, 2, 0);
 }
 
 void frmhlavni::LeaveTypingModes() {

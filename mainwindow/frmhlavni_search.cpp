@@ -193,6 +193,7 @@ void frmhlavni::VyhledejSeznam() {
   lblPSCV[1].SetCaption(m_database.pVybran());
   ForgetRow(kListResult);
   UpdatePanel();
+  ShowSearchOffer(text);
 }
 
 void frmhlavni::VyhledejPSC() {
