@@ -4,12 +4,12 @@
 
 #include "forms/access_key.h"
 #include "forms/accessible.h"
-#include "forms/dpi.h"
 #include "forms/form.h"
 #include "forms/input.h"
 #include "forms/mouse_pointer.h"
 #include "forms/pointer.h"
 #include "forms/reach.h"
+#include "forms/text_ruler.h"
 
 namespace kvez::forms {
 
@@ -111,6 +111,10 @@ void Control::BringToFront() {
 void Control::SetToolTipText(std::wstring_view text) {
   if (text == m_toolTipText) return;
   m_toolTipText = text;
+  RenewToolTip();
+}
+
+void Control::RenewToolTip() {
   if (m_hasToolTip && Handle() != nullptr) m_form->ChangeToolTip(*this);
 }
 
@@ -152,18 +156,29 @@ HFONT Control::Font() const { return m_ownFont ? m_ownFont.Get() : m_form->Font(
 
 void Control::ApplyFont() {
   if (Handle() == nullptr) return;
+  OwnedFont font = MakeOwnFont();
+  // The window must have its new font before the old one goes.
+  Native(WM_SETFONT, reinterpret_cast<WPARAM>(font ? font.Get() : m_form->Font()), IsWindowVisible(Handle()));
+  m_ownFont = std::move(font);
+  OnFontChanged();
+}
+
+/// Null where the form's font will do.
+OwnedFont Control::MakeOwnFont() const {
   OwnedFont font;
+  LOGFONTW description = m_form->FontDescription();
   if (m_fontStyle != FontStyle{}) {
-    LOGFONTW description = MessageFont(m_form->Dpi());
     description.lfHeight = MulDiv(description.lfHeight, m_fontStyle.percent, 100);
     if (m_fontStyle.bold) description.lfWeight = FW_BOLD;
     if (m_fontStyle.face != nullptr) lstrcpynW(description.lfFaceName, m_fontStyle.face, LF_FACESIZE);
     font.Reset(CreateFontIndirectW(&description));
   }
-  // The window must have its new font before the old one goes.
-  Native(WM_SETFONT, reinterpret_cast<WPARAM>(font ? font.Get() : m_form->Font()), IsWindowVisible(Handle()));
-  m_ownFont = std::move(font);
-  OnFontChanged();
+  const int room = LineRoom();
+  if (room <= 0) return font;
+  const int lineHeight = font ? LineHeight(font.Get()) : m_form->LineHeight();
+  if (lineHeight <= room) return font;
+  FitLine(description, lineHeight, room);
+  return OwnedFont(CreateFontIndirectW(&description));
 }
 
 void Control::Refresh() {
@@ -312,7 +327,7 @@ LRESULT Control::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   const LRESULT result = Native(message, wParam, lParam);
   if (Handle() == nullptr) return result;
   // Only now: windows open faster without forty tooltips that nobody has asked for.
-  if (message == WM_MOUSEMOVE && !m_hasToolTip && !m_toolTipText.empty()) m_hasToolTip = m_form->AddToolTip(*this);
+  if (message == WM_MOUSEMOVE && !m_hasToolTip && !ShownToolTip().empty()) m_hasToolTip = m_form->AddToolTip(*this);
   const float twipsPerPixel = m_form->TwipsPerPixel();
   const float x = static_cast<float>(static_cast<std::int16_t>(LOWORD(lParam))) * twipsPerPixel;
   const float y = static_cast<float>(static_cast<std::int16_t>(HIWORD(lParam))) * twipsPerPixel;

@@ -93,6 +93,8 @@ class Control : public Window {
   const std::wstring& ToolTipText() const { return m_toolTipText; }
   /// An empty text takes the tooltip away.
   void SetToolTipText(std::wstring_view text);
+  /// What the tooltip shows.
+  virtual std::wstring ShownToolTip() const { return m_toolTipText; }
 
   COLORREF BackColor() const;
   COLORREF ForeColor() const;
@@ -163,6 +165,10 @@ class Control : public Window {
   /// The window, its scaling or its font has a new size.
   virtual void OnResize() {}
   virtual void OnFontChanged() {}
+  /// What is left for one line of text, in pixels; 0 where a line has room in any usual font. A higher font is lowered.
+  virtual int LineRoom() const { return 0; }
+  /// What the tooltip shows has changed.
+  void RenewToolTip();
   virtual COLORREF DefaultBackColor() const;
   virtual COLORREF DefaultForeColor() const;
   /// The brush for the background; owned by the control.
@@ -182,6 +188,7 @@ class Control : public Window {
   LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
   void NotePointer(UINT message, WPARAM wParam, LPARAM lParam);
   void ApplyFont();
+  OwnedFont MakeOwnFont() const;
   void ApplyPlace();
 
   Form* m_form = nullptr;

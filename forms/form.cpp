@@ -8,6 +8,7 @@
 #include "forms/menu_letter.h"
 #include "forms/mouse_pointer.h"
 #include "forms/pointer.h"
+#include "forms/text_ruler.h"
 #include "forms/twips.h"
 
 namespace kvez::forms {
@@ -302,8 +303,9 @@ void Form::OnEndSession(bool ending) {
 }
 
 void Form::CreateFont() {
-  const LOGFONTW description = MessageFont(m_dpi);
-  m_font.Reset(CreateFontIndirectW(&description));
+  m_fontDescription = MessageFont(m_dpi);
+  m_font.Reset(CreateFontIndirectW(&m_fontDescription));
+  m_lineHeight = forms::LineHeight(m_font.Get());
 }
 
 void Form::RescaleControls() {

@@ -78,6 +78,9 @@ class Form : public Window, public Container {
   int ToTwips(int pixels) const;
   /// The font of all controls without a style of their own.
   HFONT Font() const { return m_font.Get(); }
+  const LOGFONTW& FontDescription() const { return m_fontDescription; }
+  /// The height of a line in it, in pixels.
+  int LineHeight() const { return m_lineHeight; }
 
   /// True: Form_KeyDown sees the keys before the controls.
   void SetKeyPreview(bool preview) { m_keyPreview = preview; }
@@ -181,7 +184,9 @@ class Form : public Window, public Container {
   std::wstring FittingToolTip(const Control& control) const;
 
   unsigned m_dpi = 96;
+  LOGFONTW m_fontDescription{};
   OwnedFont m_font;
+  int m_lineHeight = 0;
   const wchar_t* m_iconName = nullptr;
   OwnedIcon m_smallIcon;
   OwnedIcon m_largeIcon;

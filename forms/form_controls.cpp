@@ -74,7 +74,7 @@ int Form::ToolTipWidth() const {
 
 std::wstring Form::FittingToolTip(const Control& control) const {
   TextRuler ruler;
-  return FitToolTip(control.ToolTipText(), ToolTipWidth(),
+  return FitToolTip(control.ShownToolTip(), ToolTipWidth(),
                     [&](std::wstring_view text) { return ruler.Width(text, Font()); });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/form.h"
+#include "forms/text_ruler.h"
 
 namespace kvez::forms {
 namespace {
@@ -24,8 +25,8 @@ DWORD StyleOf(Alignment alignment) {
 void Label::Create(Container& container, int id, const Place& place, std::wstring_view caption, Alignment alignment,
                    bool accessKey) {
   m_accessKey = accessKey;
-  Parameters parameters =
-      Prepare(container, id, place, StyleOf(alignment) | SS_NOTIFY | (accessKey ? 0UL : DWORD{SS_NOPREFIX}));
+  Parameters parameters = Prepare(
+      container, id, place, StyleOf(alignment) | SS_ENDELLIPSIS | SS_NOTIFY | (accessKey ? 0UL : DWORD{SS_NOPREFIX}));
   const std::wstring text(caption);
   parameters.text = text.c_str();
   if (text.empty()) parameters.style &= ~DWORD{WS_VISIBLE};
@@ -46,6 +47,12 @@ void Label::SetCaption(std::wstring_view caption) {
   if (Handle() == nullptr || before == caption) return;
   Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::wstring(caption).c_str()));
   if (Visible() && before.empty() && !caption.empty()) ShowWindow(Handle(), SW_SHOWNA);
+  RenewToolTip();
+}
+
+std::wstring Label::ShownToolTip() const {
+  std::wstring caption = Caption();
+  return TextRuler().Width(caption, Font()) > OwnerForm().ToPixels(GetPlace().width) ? caption : ToolTipText();
 }
 
 bool Label::HasAccessKey(wchar_t character) const { return m_accessKey && EventControl::HasAccessKey(character); }

@@ -9,9 +9,9 @@ namespace kvez::forms {
 
 enum class Alignment { Left, Right, Center };
 
-/// A text that wraps at words. Until its first caption its window is hidden: it has nothing to show, and every window
-/// that is shown makes the form open later. Afterwards it stays: hiding and showing it again takes longer than all else
-/// that a new caption does.
+/// One line of text. One that is longer than its place ends in an ellipsis, and its tooltip is the whole text. Until
+/// its first caption its window is hidden: it has nothing to show, and every window that is shown makes the form open
+/// later. Afterwards it stays: hiding and showing it again takes longer than all else that a new caption does.
 class Label : public EventControl {
  public:
   /// With `accessKey`, a "&" in the caption marks the key that moves the focus to the control after the label;
@@ -22,6 +22,7 @@ class Label : public EventControl {
   std::wstring Caption() const;
   void SetCaption(std::wstring_view caption);
 
+  std::wstring ShownToolTip() const override;
   bool HasAccessKey(wchar_t character) const override;
   bool AccessKeyPress(std::int16_t KeyAscii) override;
 

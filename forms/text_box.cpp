@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/form.h"
+
 namespace kvez::forms {
 namespace {
 
@@ -87,6 +89,12 @@ bool TextBox::OnKeyPress(std::int16_t& keyAscii) {
   // A box of one line only beeps at these.
   const bool beeps = keyAscii == VK_RETURN || keyAscii == VK_ESCAPE || keyAscii == VK_TAB;
   return m_style != TextBoxStyle::SingleLine || !beeps;
+}
+
+// Of a higher line the system's box would cut off what lies below the letters.
+int TextBox::LineRoom() const {
+  if (m_style != TextBoxStyle::SingleLine) return 0;
+  return OwnerForm().ToPixels(GetPlace().height) - 2 * GetSystemMetrics(SM_CYEDGE);
 }
 
 COLORREF TextBox::DefaultBackColor() const {

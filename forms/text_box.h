@@ -35,6 +35,7 @@ class TextBox : public EventControl {
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool OnKeyPress(std::int16_t& keyAscii) override;
+  int LineRoom() const override;
   COLORREF DefaultBackColor() const override;
   COLORREF DefaultForeColor() const override;
 

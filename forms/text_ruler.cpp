@@ -1,5 +1,8 @@
 #include "forms/text_ruler.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace kvez::forms {
 namespace {
 
@@ -43,6 +46,25 @@ int TextRuler::Width(std::wstring_view text, HFONT font) {
 void TextRuler::Forget() {
   m_widths.fill(kUnknown);
   m_overhang = kUnknown;
+}
+
+int LineHeight(HFONT font) {
+  const OwnedMemoryContext context(CreateCompatibleDC(nullptr));
+  const ObjectSelection selection(context.Get(), font);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(context.Get(), &metrics);
+  return static_cast<int>(metrics.tmHeight);
+}
+
+void FitLine(LOGFONTW& description, int lineHeight, int room) {
+  if (lineHeight <= room) return;
+  // Where a line grows evenly with its letters, the first one fits.
+  for (int letters = MulDiv(std::abs(static_cast<int>(description.lfHeight)), room, lineHeight); letters > 0;
+       --letters) {
+    description.lfHeight = -letters;
+    const OwnedFont font(CreateFontIndirectW(&description));
+    if (LineHeight(font.Get()) <= room) return;
+  }
 }
 
 }  // namespace kvez::forms

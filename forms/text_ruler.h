@@ -38,4 +38,10 @@ class TextRuler {
   int m_overhang = kUnknown;
 };
 
+/// The height of a line in a font, in pixels.
+int LineHeight(HFONT font);
+
+/// Lowers `description` until a line of it is no higher than `room` pixels. `lineHeight` is that of the font as it is.
+void FitLine(LOGFONTW& description, int lineHeight, int room);
+
 }  // namespace kvez::forms

@@ -28,10 +28,15 @@ constexpr int kClientWidth = kButtonColumn + kButtonWidth + 30;
 // The status bar lies below the controls.
 constexpr int kClientHeight = 4065 + 345;
 
+// A line of the usual message font with a pixel to spare.
+constexpr int kLineHeight = 255;
+
 constexpr Place kListPlace = {kLeftColumn, 330, kColumnWidth, 2790};
+// Between the lists and the field below them.
+constexpr int kCountTop = kListPlace.top + kListPlace.height + 15;
 
 // Where the loading puts it as well, so that nothing has to move then.
-constexpr Place kMessagePanelPlace = {(kClientWidth - 4500) / 2, (kClientHeight - 930) / 2, 4500, 930};
+constexpr Place kMessagePanelPlace = {(kClientWidth - 4650) / 2, (kClientHeight - 930) / 2, 4650, 930};
 
 // RGB of the light-blue field, by which the settings window calls it.
 constexpr COLORREF kLightBlue = RGB(0xD7, 0xEB, 0xFF);
@@ -85,8 +90,8 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, C
 void frmhlavni::CreateMessagePanel() {
   picMPSCPI.SetVisible(false);
   picMPSCPI.Create(*this, kPicMPSCPI, kMessagePanelPlace, forms::PictureBorder::Single);
-  lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4200, 225});
-  picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4170, 270}, forms::PictureBorder::Sunken);
+  lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4350, kLineHeight});
+  picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4320, 270}, forms::PictureBorder::Sunken);
   picZpravaI.SetIsProgressBar(true);
 }
 
@@ -107,7 +112,7 @@ void frmhlavni::CreateAboutPanel() {
   fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
   for (std::size_t i = 0; i < Label1to3.size(); ++i) {
     const int line = static_cast<int>(i);
-    Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + 255 * line, 5895, 225});
+    Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + kLineHeight * line, 5895, kLineHeight});
   }
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
   Text1.SetText(kAboutText);
@@ -137,42 +142,44 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListDistricts].Create(*this, kLstMPSC + 2, kListPlace);
   lstMPSC[kListDistricts].SetAccessibleName(L"Okresy");
   lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
-  lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, 3150, kColumnWidth, 210});
+  lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, kCountTop, kColumnWidth, kLineHeight});
   lblPSCV[0].SetToolTipText(L"Počet položek v seznamu.");
   txtMPSC[0].Create(*this, kTxtMPSC, {kLeftColumn, 3390, kColumnWidth, 285});
   txtMPSC[0].SetAccessibleName(L"Vyhledej");
   txtMPSC[0].SetToolTipText(L"Zadejte hledaný text a stiskněte Enter. Klávesa Shift přejde do světlemodrého pole.");
 
-  lblMPSCH[2].Create(*this, kLblMPSCH + 2, {kLeftColumn, 3765, 765, 225}, L"Vyhledej");
+  lblMPSCH[2].Create(*this, kLblMPSCH + 2, {kLeftColumn, 3765, 765, kLineHeight}, L"Vyhledej");
   struct Option {
     const wchar_t* caption;
     const wchar_t* toolTip;
     int left;
+    int width;
   };
   constexpr std::array<Option, 3> kOptions = {{
-      {L"PSČ", L"Hledané PSČ zadejte ve formátu 69201 nebo 692 01.", 855},
-      {L"Obec", L"Pro vyhledání obce můžete použít zástupný symbol * nebo ?.", 1605},
-      {L"Okres", L"Vyberte okres ze seznamu.", 2355},
+      {L"PSČ", L"Hledané PSČ zadejte ve formátu 69201 nebo 692 01.", 855, 750},
+      {L"Obec", L"Pro vyhledání obce můžete použít zástupný symbol * nebo ?.", 1605, 750},
+      {L"Okres", L"Vyberte okres ze seznamu.", 2355, kLeftColumn + kColumnWidth - 2355},
   }};
   for (std::size_t i = 0; i < kOptions.size(); ++i) {
-    optMPSC[i].Create(*this, kOptMPSC + static_cast<int>(i), {kOptions[i].left, 3750, 750, 240}, kOptions[i].caption);
+    optMPSC[i].Create(*this, kOptMPSC + static_cast<int>(i), {kOptions[i].left, 3750, kOptions[i].width, kLineHeight},
+                      kOptions[i].caption);
     optMPSC[i].SetToolTipText(kOptions[i].toolTip);
   }
 
-  lblMPSCN.Create(*this, kLblMPSCN, {kRightColumn, 75, 4830, 225});
+  lblMPSCN.Create(*this, kLblMPSCN, {kRightColumn, 60, 4830, kLineHeight});
   lblMPSCN.SetToolTipText(L"Zadání posledního hledání.");
   lstMPSC[kListResult].Create(*this, kLstMPSC + 1, {kRightColumn, 330, kColumnWidth, 2790});
   lstMPSC[kListResult].SetAccessibleName(L"Nalezené obce");
   lstMPSC[kListResult].SetToolTipText(L"Po stisknutí pravého tlačítka myši se zobrazí nabídka.");
-  lblPSCV[1].Create(*this, kLblPSCV + 1, {kRightColumn, 3150, kColumnWidth, 210});
+  lblPSCV[1].Create(*this, kLblPSCV + 1, {kRightColumn, kCountTop, kColumnWidth, kLineHeight});
   lblPSCV[1].SetToolTipText(L"Počet nalezených obcí.");
 
   constexpr std::array<const wchar_t*, 2> kHeadings = {L"Obec", L"Okres"};
   for (std::size_t i = 0; i < kHeadings.size(); ++i) {
     const int line = static_cast<int>(i);
     const int top = 3435 + 330 * line;
-    lblMPSCH[i].Create(*this, kLblMPSCH + line, {kDetailsLeft, top, 600, 225}, kHeadings[i]);
-    lblNPSCHT[i].Create(*this, kLblNPSCHT + line, {kDetailsLeft + 600, top, 4080, 225});
+    lblMPSCH[i].Create(*this, kLblMPSCH + line, {kDetailsLeft, top, 600, kLineHeight}, kHeadings[i]);
+    lblNPSCHT[i].Create(*this, kLblNPSCHT + line, {kDetailsLeft + 600, top, 4080, kLineHeight});
     lblNPSCHT[i].SetFontStyle({.bold = true});
   }
 }

@@ -9,7 +9,6 @@
 #include "forms/dpi.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
-#include "platform/windows/owned.h"
 
 namespace kvez {
 namespace {
@@ -31,8 +30,6 @@ constexpr std::array<Row, 3> kRows{{
     {L"Světlemodré pole - automatické vyhledání po uvolnění klávesy.", {60, 600, 5055, 195}},
 }};
 
-using OwnedScreen = Owned<HDC, [](HDC context) { ReleaseDC(nullptr, context); }>;
-
 /// SettingsOpen is false for as long as the object lives: what it ticks is not written back.
 class OnlyShowing {
  public:
@@ -44,14 +41,6 @@ class OnlyShowing {
  private:
   bool m_before;
 };
-
-int LineHeight(HFONT font) {
-  const OwnedScreen screen(GetDC(nullptr));
-  const ObjectSelection selection(screen.Get(), font);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(screen.Get(), &metrics);
-  return static_cast<int>(metrics.tmHeight);
-}
 
 }  // namespace
 
@@ -140,7 +129,7 @@ bool frmnastaveni::CaptionsFit() const {
   forms::TextRuler ruler;
   for (std::size_t i = 0; i < chkN.size(); ++i) {
     const HFONT font = chkN[i].Font();
-    if (LineHeight(font) > ToPixels(kRows[i].place.height)) return false;
+    if (forms::LineHeight(font) > ToPixels(kRows[i].place.height)) return false;
     if (ruler.Width(kRows[i].caption, font) > ToPixels(kRows[i].place.width - kMarkWidth)) return false;
   }
   return true;

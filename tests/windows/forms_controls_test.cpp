@@ -6,6 +6,7 @@
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/text_box.h"
+#include "forms/text_ruler.h"
 #include "tests/support/window_test.h"
 
 namespace kvez::forms {
@@ -215,6 +216,30 @@ TEST(LabelTest, TakesItsTextAwayWithTheCaption) {
   label.SetCaption(L"");
   label.Refresh();
   EXPECT_TRUE(isEmpty());
+}
+
+TEST(LabelTest, EndsInAnEllipsisWhereItsPlaceEnds) {
+  TestForm form;
+  Label label;
+  label.Create(form, 1, {0, 0, 3000, 255});
+  ASSERT_TRUE(test::ShowActive(form));
+  const auto picture = [&label](const std::wstring& caption) {
+    label.SetCaption(caption);
+    label.Refresh();
+    return Pixels::OfWindow(label.Handle());
+  };
+  const std::wstring text = L"Nová Ves u Nového Města na Moravě a okolí";
+  // The longest beginning that leaves room for the ellipsis.
+  std::wstring cut = text;
+  while (!cut.empty() && TextRuler().Width(cut + L"...", label.Font()) > form.ToPixels(3000)) cut.pop_back();
+  ASSERT_LT(cut.size(), text.size());
+  EXPECT_EQ(picture(text), picture(cut + L"..."));
+  label.SetCaption(cut + L"...");
+  EXPECT_EQ(label.ShownToolTip(), L"");
+  label.SetCaption(text);
+  EXPECT_EQ(label.ShownToolTip(), text);
+  // A blank is no reason for a second line, which nobody would see.
+  EXPECT_NE(picture(L"Nová Ves"), picture(L"Nová"));
 }
 
 TEST(LabelTest, RefreshPaintsAtOnce) {

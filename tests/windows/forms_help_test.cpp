@@ -8,32 +8,14 @@
 #include "forms/containers.h"
 #include "forms/text_box.h"
 #include "forms/tool_tip_text.h"
+#include "tests/support/tool_tip.h"
 #include "tests/support/window_test.h"
 
 namespace kvez::forms {
 namespace {
 
 using test::TestForm;
-
-/// The text that the form's tooltip has for `control` when the pointer has come to it; "(none)" without one.
-std::wstring ToolTipOf(const Control& control) {
-  SendMessageW(control.Handle(), WM_MOUSEMOVE, 0, 0);
-  for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-    if (GetWindow(tip, GW_OWNER) != control.OwnerForm().Handle()) continue;
-    wchar_t text[300]{};
-    TTTOOLINFOW info{};
-    info.cbSize = TTTOOLINFOW_V2_SIZE;
-    info.uFlags = TTF_IDISHWND;
-    info.hwnd = control.OwnerForm().Handle();
-    info.uId = reinterpret_cast<UINT_PTR>(control.Handle());
-    info.lpszText = text;
-    TTTOOLINFOW present = info;
-    if (!SendMessageW(tip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&present))) return L"(none)";
-    SendMessageW(tip, TTM_GETTEXTW, 300, reinterpret_cast<LPARAM>(&info));
-    return text;
-  }
-  return L"(none)";
-}
+using test::ToolTipOf;
 
 TEST(ToolTips, FollowTheirControls) {
   TestForm form;

@@ -1,6 +1,10 @@
-// What the main window looks like: its buttons' frames.
+// What the main window looks like: its buttons' frames, and its texts in the message font of Windows.
 
+#include "database/application.h"
+#include "forms/text_ruler.h"
+#include "tests/support/message_font.h"
 #include "tests/support/system_look.h"
+#include "tests/support/tool_tip.h"
 #include "tests/windows/main_window_test.h"
 
 namespace kvez {
@@ -64,6 +68,111 @@ TEST_F(MainWindowLook, EveryButtonHasAFrameOnAllFourSides) {
       EXPECT_GE(FrameOf(*button), 1.25) << ::testing::PrintToString(button->Caption()) << " at " << dpi;
     }
   }
+}
+
+/// The size of a control's text in its font, with what else takes room beside it.
+SIZE NeededBy(const forms::Control& control) {
+  wchar_t text[200]{};
+  GetWindowTextW(control.Handle(), text, 200);
+  std::wstring shown = text;
+  int beside = 0;
+  if (dynamic_cast<const tlText*>(&control) != nullptr) {
+    std::erase(shown, L'&');
+    beside = 2 * 3;  // the focus mark, which does not grow
+  } else if (dynamic_cast<const forms::OptionButton*>(&control) != nullptr) {
+    beside = control.OwnerForm().ToPixels(270);  // the circle with the gap behind it
+  } else if (dynamic_cast<const forms::TextBox*>(&control) != nullptr) {
+    shown.clear();  // it scrolls
+  }
+  return {forms::TextRuler().Width(shown, control.Font()) + beside, forms::LineHeight(control.Font())};
+}
+
+class MainWindowInTheUsualFont : public MainWindowLook {
+ protected:
+  void SetUp() override {
+    MainWindowLook::SetUp();
+    Open().tlHOaplikaci.Click();
+    m_window->lblPSCV[0].SetCaption(L"V seznamu jsou 17 212 obcí.");
+    m_window->lblPSCV[1].SetCaption(L"Zadání vyhovuje 17 212 obcí.");
+    m_window->lblZpravaI.SetCaption(L"Strpení prosím, vytvářím pomocný seznam okresů.");
+    m_window->lblMPSCN.SetCaption(L"Název začíná \"Lhota\".");
+    m_window->lblNPSCHT[0].SetCaption(L"Brandýs nad Labem-Stará Boleslav");
+    m_window->lblNPSCHT[1].SetCaption(L"Hlavní město Praha");
+  }
+
+  test::UsualMessageFont m_usual;
+  test::UserMessageFont m_font{test::UsualMessageFont::kFace, 9};
+};
+
+TEST_F(MainWindowInTheUsualFont, TextsFitAtEveryScaling) {
+  for (const unsigned dpi : kAllScalings) {
+    ScaleTo(dpi);
+    // 2724 units of 2048 that are 9 points high: the font is there, and the window has it.
+    ASSERT_NEAR(m_window->LineHeight(), 9.0 * dpi / 72 * 2724 / 2048, 1);
+    int seen = 0;
+    for (const forms::Control* control : m_window->Controls()) {
+      const bool isLines = control == &m_window->Text1;
+      if (isLines || dynamic_cast<const forms::ListBox*>(control) != nullptr || control->Handle() == nullptr) continue;
+      if (GetWindowTextLengthW(control->Handle()) == 0) continue;
+      RECT room{};
+      GetClientRect(control->Handle(), &room);
+      const SIZE needed = NeededBy(*control);
+      const int id = GetDlgCtrlID(control->Handle());
+      EXPECT_LE(needed.cy, room.bottom) << id << " at " << dpi;
+      EXPECT_LE(needed.cx, room.right) << id << " at " << dpi;
+      ++seen;
+    }
+    EXPECT_EQ(seen, 26) << dpi;
+  }
+}
+
+TEST_F(MainWindowInTheUsualFont, FieldsHaveRoomForALine) {
+  for (const unsigned dpi : kAllScalings) {
+    ScaleTo(dpi);
+    for (const forms::TextBox& box : m_window->txtMPSC) {
+      RECT room{};
+      GetClientRect(box.Handle(), &room);
+      EXPECT_LE(forms::LineHeight(box.Font()), room.bottom) << dpi;
+      // Lowered by a pixel at most.
+      EXPECT_GE(forms::LineHeight(box.Font()) + 1, m_window->LineHeight()) << dpi;
+    }
+  }
+}
+
+TEST_F(MainWindowInTheUsualFont, CountsKeepWhatIsBelowTheLine) {
+  frmhlavni& window = *m_window;
+  for (const unsigned dpi : kAllScalings) {
+    ScaleTo(dpi);
+    for (forms::Label* label : {&window.lblPSCV[0], &window.lblPSCV[1], &window.lblMPSCN, &window.lblNPSCHT[0]}) {
+      label->SetCaption(L"(gjpqy)");
+      const RECT seen = Pixels::OfPrint(label->Handle()).Extent(label->ForeColor());
+      SIZE place = {window.ToPixels(label->GetPlace().width), window.ToPixels(label->GetPlace().height)};
+      SetWindowPos(label->Handle(), nullptr, 0, 0, place.cx, 2 * place.cy, SWP_NOMOVE | SWP_NOZORDER);
+      const RECT whole = Pixels::OfPrint(label->Handle()).Extent(label->ForeColor());
+      SetWindowPos(label->Handle(), nullptr, 0, 0, place.cx, place.cy, SWP_NOMOVE | SWP_NOZORDER);
+      EXPECT_EQ(seen.bottom, whole.bottom) << dpi;
+      EXPECT_GT(whole.bottom, window.LineHeight() / 2) << dpi;
+    }
+  }
+}
+
+TEST_F(MainWindowInTheUsualFont, WhatIsLongerThanItsPlaceIsTheTooltip) {
+  frmhlavni& window = *m_window;
+  window.tlHStorno.Click();
+  window.txtMPSC[0].SetText(L"Nová Ves u Nového Města na Moravě a ještě jedna Nová Ves u Nového Města na Moravě*");
+  window.VyhledejSeznam();
+  const std::wstring heading = window.lblMPSCN.Caption();
+  EXPECT_EQ(test::ToolTipOf(window.lblMPSCN), heading);
+  EXPECT_NE(heading.find(L"a ještě jedna"), std::wstring::npos);
+  window.txtMPSC[0].SetText(L"Lednice");
+  window.VyhledejSeznam();
+  EXPECT_EQ(test::ToolTipOf(window.lblMPSCN), L"Zadání posledního hledání.");
+  const std::wstring name = L"Výsluní, část obce Nová Ves u Nového Města na Moravě";
+  EXPECT_EQ(test::ToolTipOf(window.lblNPSCHT[0]), L"(none)");
+  window.lblNPSCHT[0].SetCaption(name);
+  EXPECT_EQ(test::ToolTipOf(window.lblNPSCHT[0]), name);
+  window.lblNPSCHT[0].SetCaption(L"Lednice");
+  EXPECT_EQ(test::ToolTipOf(window.lblNPSCHT[0]), L"");
 }
 
 }  // namespace
