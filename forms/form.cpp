@@ -333,8 +333,10 @@ void Form::OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam) {
   // The system's controls learn of new colours and themes through their parents only.
   if (message == WM_SYSCOLORCHANGE) {
     for (const Control* control : m_controls) SendMessageW(control->Handle(), message, wParam, lParam);
+    if (m_toolTip != nullptr) SendMessageW(m_toolTip, message, wParam, lParam);
   }
-  if (message != WM_SETTINGCHANGE) {
+  if (message != WM_SETTINGCHANGE || wParam == SPI_SETHIGHCONTRAST) {
+    Form_SysColorsChanged();
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   }
 }

@@ -128,6 +128,8 @@ class Form : public Window, public Container {
   virtual Control* WorkGoesOnAt(const Control& /*leaving*/) { return nullptr; }
   /// The client area or the scaling has changed.
   virtual void Form_Resize() {}
+  /// The system's colours have changed. Controls that were given none of their own follow by themselves.
+  virtual void Form_SysColorsChanged() {}
 
   /// True from the moment when Form_QueryUnload has agreed to the end of the session until the session goes on after
   /// all. Its end calls Form_Unload only, and what that decides is not looked at.

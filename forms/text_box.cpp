@@ -101,6 +101,9 @@ COLORREF TextBox::DefaultBackColor() const {
   return GetSysColor(Enabled() && m_style == TextBoxStyle::SingleLine ? COLOR_WINDOW : COLOR_BTNFACE);
 }
 
-COLORREF TextBox::DefaultForeColor() const { return GetSysColor(COLOR_WINDOWTEXT); }
+// The one that belongs to the background: a theme may have made both of any colour.
+COLORREF TextBox::DefaultForeColor() const {
+  return GetSysColor(m_style == TextBoxStyle::SingleLine ? COLOR_WINDOWTEXT : COLOR_BTNTEXT);
+}
 
 }  // namespace kvez::forms

@@ -32,7 +32,7 @@ namespace kvez {
 /// (loading and closing), frmhlavni_search (the search panel), frmhlavni_panel (what it offers), frmhlavni_lists
 /// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet),
 /// frmhlavni_previous (the way back from an update), frmhlavni_settings (the yes/no settings), frmhlavni_about (the
-/// About panel), frmhlavni_commands (the other buttons, hints and keys).
+/// About panel), frmhlavni_colors (the colours), frmhlavni_commands (the other buttons, hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
@@ -49,6 +49,12 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void VyhledejSeznam();
   /// The search by the beginning of a PSČ, from `txtMPSC(1)`.
   void VyhledejPSC();
+
+  /// What all buttons have under the pointer and while they are held down, and the light-blue field behind its text: as
+  /// designed where that reads well with the system's colours.
+  static COLORREF ButtonMoveColor();
+  static COLORREF ButtonDownColor();
+  static COLORREF FieldColor();
 
   // The controls, by their names; what lies in front comes first.
   forms::PictureBox picMPSCPI;
@@ -74,6 +80,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void Form_Unload(std::int16_t& cancel) override;
   void Form_Terminate() override;
   void Form_Resize() override;
+  void Form_SysColorsChanged() override;
   void Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) override;
   forms::Control* WorkGoesOnAt(const forms::Control& leaving) override;
 

@@ -38,16 +38,17 @@ constexpr int kCountTop = kListPlace.top + kListPlace.height + 15;
 // Where the loading puts it as well, so that nothing has to move then.
 constexpr Place kMessagePanelPlace = {(kClientWidth - 4650) / 2, (kClientHeight - 930) / 2, 4650, 930};
 
-// RGB of the light-blue field, by which the settings window calls it.
-constexpr COLORREF kLightBlue = RGB(0xD7, 0xEB, 0xFF);
-
 constexpr unsigned kDeferredSearchMilliseconds = 1500;
 
-// What all buttons of the window have in common: a dotted focus mark, which everybody sees, a green that can be read,
+// What all buttons of the window have in common: a dotted focus mark, which everybody sees, colours that can be read,
 // and the border of two lines: the single one is as light as the form at the left and at the top, where its button
 // would seem to have no edge.
 MemoryPropertyBag ButtonProperties(const wchar_t* caption) {
-  return {{L"FoD", 1}, {L"DEB", 1}, {L"DC", 0x008000}, {L"C", std::wstring(caption)}};
+  return {{L"FoD", 1},
+          {L"DEB", 1},
+          {L"MC", static_cast<std::int32_t>(frmhlavni::ButtonMoveColor())},
+          {L"DC", static_cast<std::int32_t>(frmhlavni::ButtonDownColor())},
+          {L"C", std::wstring(caption)}};
 }
 
 struct AboutButton {
@@ -131,7 +132,7 @@ void frmhlavni::CreateAboutPanel() {
 
 void frmhlavni::CreateSearchPanel() {
   txtMPSC[1].Create(*this, kTxtMPSC + 1, {kLeftColumn, 30, kColumnWidth, 285});
-  txtMPSC[1].SetBackColor(kLightBlue);
+  txtMPSC[1].SetBackColor(FieldColor());
   txtMPSC[1].SetAccessibleName(L"Světlemodré pole: vyhledání v seznamu");
   txtMPSC[1].SetToolTipText(
       L"Vyhledá v seznamu položku, která začíná zadaným textem. Klávesa Shift přejde do druhého pole.");

@@ -22,28 +22,55 @@ inline const Palette kOrdinaryColors = {
     {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)}, {COLOR_HOTLIGHT, RGB(0, 102, 204)},
 };
 
+/// Two contrast themes as Windows brings them, a dark one and a light one.
+inline const Palette kDarkContrast = {
+    {COLOR_BTNFACE, RGB(0, 0, 0)},
+    {COLOR_BTNTEXT, RGB(255, 255, 255)},
+    {COLOR_BTNHIGHLIGHT, RGB(192, 192, 192)},
+    {COLOR_3DLIGHT, RGB(255, 255, 255)},
+    {COLOR_BTNSHADOW, RGB(128, 128, 128)},
+    {COLOR_3DDKSHADOW, RGB(255, 255, 255)},
+    {COLOR_WINDOW, RGB(0, 0, 0)},
+    {COLOR_WINDOWTEXT, RGB(255, 255, 255)},
+    {COLOR_WINDOWFRAME, RGB(255, 255, 255)},
+    {COLOR_GRAYTEXT, RGB(63, 242, 63)},
+    {COLOR_HIGHLIGHT, RGB(26, 235, 255)},
+    {COLOR_HIGHLIGHTTEXT, RGB(0, 0, 0)},
+    {COLOR_HOTLIGHT, RGB(255, 255, 0)},
+};
+inline const Palette kLightContrast = {
+    {COLOR_BTNFACE, RGB(255, 255, 255)},      {COLOR_BTNTEXT, RGB(0, 0, 0)},
+    {COLOR_BTNHIGHLIGHT, RGB(192, 192, 192)}, {COLOR_3DLIGHT, RGB(0, 0, 0)},
+    {COLOR_BTNSHADOW, RGB(128, 128, 128)},    {COLOR_3DDKSHADOW, RGB(0, 0, 0)},
+    {COLOR_WINDOW, RGB(255, 255, 255)},       {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
+    {COLOR_WINDOWFRAME, RGB(0, 0, 0)},        {COLOR_GRAYTEXT, RGB(96, 0, 0)},
+    {COLOR_HIGHLIGHT, RGB(55, 0, 110)},       {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
+    {COLOR_HOTLIGHT, RGB(0, 0, 159)},
+};
+
+/// Gives the system these colours until the session ends, and tells all windows.
+inline void SetSystemColors(const Palette& palette) {
+  std::vector<int> indexes;
+  std::vector<COLORREF> colors;
+  for (const auto& [index, color] : palette) {
+    indexes.push_back(index);
+    colors.push_back(color);
+  }
+  SetSysColors(static_cast<int>(indexes.size()), indexes.data(), colors.data());
+}
+
 /// The system has these colours as long as the object lives, and tells all windows of the change both times.
 class SystemColors {
  public:
   explicit SystemColors(const Palette& palette) {
     for (const auto& [index, color] : palette) m_before.emplace_back(index, GetSysColor(index));
-    Set(palette);
+    SetSystemColors(palette);
   }
   SystemColors(const SystemColors&) = delete;
   SystemColors& operator=(const SystemColors&) = delete;
-  ~SystemColors() { Set(m_before); }
+  ~SystemColors() { SetSystemColors(m_before); }
 
  private:
-  static void Set(const Palette& palette) {
-    std::vector<int> indexes;
-    std::vector<COLORREF> colors;
-    for (const auto& [index, color] : palette) {
-      indexes.push_back(index);
-      colors.push_back(color);
-    }
-    SetSysColors(static_cast<int>(indexes.size()), indexes.data(), colors.data());
-  }
-
   Palette m_before;
 };
 

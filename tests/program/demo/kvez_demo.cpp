@@ -4,6 +4,7 @@
 //   kvez_demo close             ends the running program through its exit question
 //   kvez_demo stage EXE STAGE   starts the program, brings it to a stage (stages.h), prints the place of its windows on
 //                               the screen as WxH+X+Y, leaves it there
+//   kvez_demo contrast          gives the system the colours of a dark contrast theme, until the session ends
 //   kvez_demo kill              ends the running program at once, in whatever stage it is
 //
 // Exit status 0, or 1 with what went wrong on the error output.
@@ -15,6 +16,7 @@
 #include "mainwindow/control_ids.h"
 #include "tests/program/demo/stages.h"
 #include "tests/support/program_driver.h"
+#include "tests/support/system_look.h"
 
 namespace {
 
@@ -115,5 +117,9 @@ int wmain(int count, wchar_t** arguments) {
   if (words.size() == 1 && words[0] == L"close") return Close();
   if (words.size() == 3 && words[0] == L"stage") return Stage(words[1], words[2]);
   if (words.size() == 1 && words[0] == L"kill") return Kill();
-  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | close | stage EXE STAGE | kill");
+  if (words.size() == 1 && words[0] == L"contrast") {
+    SetSystemColors(kDarkContrast);
+    return 0;
+  }
+  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | close | stage EXE STAGE | kill | contrast");
 }
