@@ -13,9 +13,6 @@
 
 #include "platform/windows/utf8_console.h"
 #else
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <csignal>
 #endif
 
@@ -45,10 +42,6 @@ class Outputs {
   Outputs() {
     // A reader that has gone is a failure to write, which is told, and not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);
-    // The first file that is opened would become an output that the caller has closed, and be written into.
-    for (const int output : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-      if (::fcntl(output, F_GETFD) == -1 && ::open("/dev/null", O_RDONLY) == -1) return;
-    }
   }
 };
 

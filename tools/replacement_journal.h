@@ -24,14 +24,10 @@ struct ReplacementJournal {
     std::string temporary;  // the new file until it is moved to its name
     std::string kept;       // the old file, when there was one
     bool hadOld = false;
-
-    friend bool operator==(const Entry&, const Entry&) = default;
   };
 
   State state = State::Preparing;
   std::vector<Entry> entries;
-
-  friend bool operator==(const ReplacementJournal&, const ReplacementJournal&) = default;
 };
 
 /// Where the one byte of the state stands in the journal's bytes.

@@ -5,7 +5,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <ostream>
 #include <regex>
@@ -14,6 +16,7 @@
 #include "tests/support/allocation_faults.h"
 #include "tests/support/system_call_faults.h"
 #include "tests/tool/tool_test.h"
+#include "tools/program.h"
 
 namespace kvez {
 namespace {
@@ -302,6 +305,105 @@ TEST_P(EveryKill, WhileTheOldFilesArePutBackLeavesOneSetOfFiles) {
   for (std::size_t rename = 1; rename <= m_expected.after.size(); ++rename) {
     if (KillAtEachCall(rename) == 0 || HasFailure()) break;
   }
+}
+
+// Failures that come two at a time.
+
+class ToolFailures : public testing::Test {
+ protected:
+  ToolFailures() { BuildThenChange(world); }
+  ~ToolFailures() override { system_calls::Disarm(); }
+
+  ToolRun BuildAgain() const { return world.Run({L"build", world.Path(L"data"), world.Path(L"out")}); }
+  std::string Shown(const wchar_t* name) const { return ToUtf8(world.Path(name)); }
+
+  World world;
+};
+
+TEST_F(ToolFailures, OldFileThatCanBeNeitherLinkedNorCopiedStays) {
+  const Tree before = TreeOf(world.folder.Path());
+  system_calls::AtNext("link", [] {
+    system_calls::AtNext("open", [] { return EACCES; });
+    return EPERM;
+  });
+  EXPECT_EQ(BuildAgain().error, "kvezdata: " + Shown(L"out/vd1.kl_") + " cannot be kept\n");
+  EXPECT_TRUE(TreeOf(world.folder.Path()) == before);
+}
+
+TEST_F(ToolFailures, OldFileThatCannotBeLinkedIsCopied) {
+  system_calls::AtNext("link", [] { return EPERM; });
+  EXPECT_EQ(BuildAgain().error, "");
+  EXPECT_TRUE(TreeOf(world.folder.Path()) == WithoutOwn(TreeOf(world.folder.Path())));
+}
+
+TEST_F(ToolFailures, NewFileThatCannotBeTakenBackIsTakenBackByTheNextRun) {
+  // Tables that are not there yet: one has its name when the next is refused, and cannot go back.
+  const auto import = [this] { return world.Run({L"import", world.Path(L"list.csv"), world.Path(L"tables")}); };
+  system_calls::AtNext("rename", [] {
+    system_calls::AtNext("rename", [] {
+      system_calls::AtNext("rename", [] { return EACCES; });
+      return EACCES;
+    });
+    return 0;
+  });
+  EXPECT_EQ(import().error,
+            "kvezdata: " + Shown(L"tables/obce.csv") + " cannot be put back yet; the next run will try again\n");
+  const Tree between = TreeOf(world.folder.Path());
+  EXPECT_TRUE(between.contains("tables/obce.csv") && between.contains("tables/kvezdata.journal")) << NamesOf(between);
+  // Somebody removes it meanwhile, or not.
+  for (const bool isRemoved : {false, true}) {
+    const TemporaryFolder copy;
+    std::filesystem::copy(world.folder.Path() / "tables", copy.Path() / "tables");
+    if (isRemoved) std::filesystem::remove(copy.Path() / "tables" / "obce.csv");
+    const ToolRun run = RunCommand({L"import", world.Path(L"list.csv"), TextFromPath(copy.Path() / "tables")});
+    EXPECT_EQ(run.error, "");
+    EXPECT_EQ(NamesOf(TreeOf(copy.Path())), NamesOf(WithoutOwn(TreeOf(copy.Path()))));
+  }
+}
+
+TEST_F(ToolFailures, JournalOfAKilledRunThatCannotBeRemovedIsSaid) {
+  EXPECT_TRUE(IsKilled(world, {L"build", world.Path(L"data"), world.Path(L"out")}, 1, 1));
+  system_calls::AtNext("unlink", [] { return EACCES; });
+  EXPECT_EQ(BuildAgain().error, "kvezdata: " + Shown(L"out/kvezdata.journal") +
+                                    ", left by a run that was interrupted, cannot be removed\n");
+  EXPECT_EQ(BuildAgain().error, "");
+}
+
+TEST_F(ToolFailures, FolderThatOneStandsInIsGone) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::create_directory(world.folder.Path() / "gone");
+  std::filesystem::current_path(world.folder.Path() / "gone");
+  std::filesystem::remove(world.folder.Path() / "gone");
+  const ToolRun run = RunCommand({L"list", L"data", L"districts"});
+  std::filesystem::current_path(before);
+  EXPECT_EQ(run.error,
+            "kvezdata: Soubor se seznamem PSČ je poškozen nebo neexistuje !\n"
+            "Soubor se seznamem podávacích pošt je poškozen nebo neexistuje !\n"
+            "Soubor se seznamem okresů je poškozen nebo neexistuje !\n");
+}
+
+TEST(ProgramFailure, ArgumentsWithoutMemory) {
+  char name[] = "kvezdata";
+  // Longer than what a text holds without memory of its own.
+  char argument[] = "an argument that has more characters than a text holds by itself";
+  char* values[] = {name, argument};
+  FixedOutput text;
+  std::streambuf* const error = std::cerr.rdbuf(&text);
+  allocation::Arm(1, true);
+  const int status = RunProgram(2, values);
+  allocation::Disarm();
+  std::cerr.rdbuf(error);
+  EXPECT_EQ(text.Text(), "kvezdata: there is not enough memory\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST(ProgramFailure, NoArgumentAtAll) {
+  FixedOutput text;
+  std::streambuf* const error = std::cerr.rdbuf(&text);
+  const int status = RunProgram(0, nullptr);
+  std::cerr.rdbuf(error);
+  EXPECT_EQ(text.Text(), RunCommand({}).error);
+  EXPECT_EQ(status, 1);
 }
 
 const ToolCommand kBuildAnew = {"BuildAnew", Nothing, {L"build", L"@data", L"@out"}};

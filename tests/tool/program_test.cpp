@@ -70,11 +70,13 @@ TEST_F(ProgramTest, FinishedWorkStaysWhenTheOutputCannotBeWritten) {
 
 TEST_F(ProgramTest, FilesAreNotWrittenIntoInsteadOfClosedOutputs) {
   BuildFiles();
-  const std::string before = folder.Read("out/vd1.kl_");
+  const std::string asItMustBe = folder.Read("out/vd1.kl_");
+  folder.Write("out/vd1.kl_", std::string("old"));
   const ProcessRun run = RunInBash(L"build " + Argument(folder.Path() / "data") + L" " +
                                    Argument(folder.Path() / "out") + L" <&- >&- 2>&-");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(folder.Read("out/vd1.kl_"), before);
+  EXPECT_EQ(folder.Read("out/vd1.kl_"), asItMustBe);
+  EXPECT_EQ(NamesIn("out"), "vd1.kl_ vd2.kl_ vd3.kl_");
 }
 
 TEST_F(ProgramTest, ManyAtOnceFindTheSame) {

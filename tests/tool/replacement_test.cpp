@@ -141,6 +141,8 @@ TEST_F(ReplacementTest, MixedFilesAreNotLookedAt) {
     }
   };
   folder.Write("out/" + firstNew, std::string("new"));
+  folder.Write("out/kvezdata.journal", std::string("kvezdata journ"));
+  expectRefused(false);
   leave(State::Preparing);
   expectRefused(false);
   leave(State::Replacing);
@@ -167,12 +169,14 @@ TEST_F(ReplacementTest, OtherFileOfTheJournalsNameIsLeftAlone) {
 TEST_F(ReplacementTest, JournalThatNamesOtherFilesIsNotFollowed) {
   const std::vector<Entry> forged = {{"../first", firstNew, firstOld, true},
                                      {"..", firstNew, firstOld, true},
+                                     {".", firstNew, firstOld, true},
                                      {"", firstNew, firstOld, true},
                                      {"first", "second", firstOld, true},
                                      {"first", firstNew, "second", true},
                                      {"first", firstOld, firstNew, true},
                                      {"first", firstNew, "../" + firstOld, true},
                                      {"first", "kvezdata-000000000000000g.new", firstOld, true},
+                                     {"first", "kvezdata-00000000000000001.new", firstOld, true},
                                      {"\xFF", firstNew, firstOld, true}};
   for (const Entry& entry : forged) {
     Leave(State::Replacing, {entry});
@@ -190,8 +194,11 @@ TEST_F(ReplacementTest, JournalThatNamesOtherFilesIsNotFollowed) {
 
 TEST_F(ReplacementTest, JournalSurvivesItsBytes) {
   const ReplacementJournal journal = {State::PuttingBack, entries};
-  EXPECT_EQ(ParseJournal(JournalBytes(journal)).journal, journal);
-  EXPECT_EQ(JournalBytes(journal)[kJournalStateOffset], 'b');
+  const Bytes bytes = JournalBytes(journal);
+  const auto parsed = ParseJournal(bytes).journal;
+  ASSERT_TRUE(parsed);
+  EXPECT_EQ(JournalBytes(*parsed), bytes);
+  EXPECT_EQ(bytes[kJournalStateOffset], 'b');
 }
 
 // Two at once
@@ -204,6 +211,22 @@ TEST_F(ReplacementTest, SecondProcessIsRefusedWhileTheFirstOneWrites) {
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(held.Remove());
   ExpectSuccess(WriteAnother(), "");
+}
+
+TEST_F(ReplacementTest, FolderThatOneStandsInIsAFullStop) {
+  folder.Write("in", std::string("text"));
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Path());
+  durable::HeldFile held;
+  const durable::Answer made = held.Make("kvezdata.journal");
+  const ToolRun refused = RunCommand({L"expand", L"in", L"out"});
+  held.Remove();
+  const ToolRun next = RunCommand({L"expand", L"in", L"out"});
+  std::filesystem::current_path(before);
+  EXPECT_EQ(made, durable::Answer::Yes);
+  EXPECT_EQ(refused.error, "kvezdata: another kvezdata is writing into the folder . just now\n");
+  ExpectSuccess(next, "");
+  EXPECT_EQ(folder.Read("out"), "text");
 }
 
 TEST_F(ReplacementTest, HeldFileIsOnesOwn) {

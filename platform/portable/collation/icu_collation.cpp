@@ -3,7 +3,7 @@
 #include "platform/portable/collation/icu_collation.h"
 
 #include <unicode/ucol.h>
-#include <unicode/unistr.h>
+#include <unicode/ustring.h>
 
 #include <memory>
 #include <new>
@@ -13,6 +13,8 @@
 
 namespace kvez {
 namespace {
+
+constexpr UChar32 kReplacement = 0xFFFD;
 
 struct CloseCollator {
   void operator()(UCollator* collator) const { ucol_close(collator); }
@@ -25,15 +27,19 @@ class IcuCollation : public Collation {
 
   std::string SortKey(std::wstring_view text) override {
     static_assert(sizeof(wchar_t) == sizeof(UChar32));
-    const auto utf16 = icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
-                                                     static_cast<std::int32_t>(text.size()));
-    // ICU throws nothing: what it has no memory for is a text of its own that is none.
-    if (utf16.isBogus()) throw std::bad_alloc();
+    // No character needs more than two units; what is no character becomes a replacement.
+    std::u16string utf16(2 * text.size(), u'\0');
+    std::int32_t length = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    u_strFromUTF32WithSub(utf16.data(), static_cast<std::int32_t>(utf16.size()), &length,
+                          reinterpret_cast<const UChar32*>(text.data()), static_cast<std::int32_t>(text.size()),
+                          kReplacement, nullptr, &status);
     std::string key(64, '\0');
     for (;;) {
       const std::int32_t needed =
-          ucol_getSortKey(m_collator.get(), utf16.getBuffer(), utf16.length(),
-                          reinterpret_cast<std::uint8_t*>(key.data()), static_cast<std::int32_t>(key.size()));
+          ucol_getSortKey(m_collator.get(), utf16.data(), length, reinterpret_cast<std::uint8_t*>(key.data()),
+                          static_cast<std::int32_t>(key.size()));
+      // ICU throws nothing: what it has no memory for has no key.
       if (needed <= 0) throw std::bad_alloc();
       const bool fits = static_cast<std::size_t>(needed) <= key.size();
       key.resize(static_cast<std::size_t>(needed));
