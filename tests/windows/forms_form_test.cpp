@@ -146,6 +146,24 @@ TEST(FormLife, ControlsOfAnUnloadedFormAreEmptyShells) {
   EXPECT_EQ(form.Caption(), L"");
 }
 
+TEST(FormLook, BorderDecidesWhatTheFrameOffers) {
+  const auto has = [](const Form& form, int index, DWORD bits) {
+    return (static_cast<DWORD>(GetWindowLongPtrW(form.Handle(), index)) & bits) == bits;
+  };
+  const TestForm fixed(BorderStyle::FixedSingle);
+  EXPECT_TRUE(has(fixed, GWL_STYLE, WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX));
+  EXPECT_FALSE(has(fixed, GWL_STYLE, WS_MAXIMIZEBOX));
+  EXPECT_FALSE(has(fixed, GWL_STYLE, WS_THICKFRAME));
+  EXPECT_FALSE(has(fixed, GWL_EXSTYLE, WS_EX_DLGMODALFRAME));
+  const TestForm dialog(BorderStyle::FixedDialog);
+  EXPECT_TRUE(has(dialog, GWL_STYLE, WS_CAPTION | WS_SYSMENU));
+  EXPECT_FALSE(has(dialog, GWL_STYLE, WS_MINIMIZEBOX));
+  EXPECT_TRUE(has(dialog, GWL_EXSTYLE, WS_EX_DLGMODALFRAME));
+  const TestForm sizable(BorderStyle::Sizable);
+  EXPECT_TRUE(has(sizable, GWL_STYLE, WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_THICKFRAME));
+  for (const TestForm* form : {&fixed, &dialog, &sizable}) EXPECT_TRUE(has(*form, GWL_EXSTYLE, WS_EX_CONTROLPARENT));
+}
+
 TEST(FormSize, ClientSizeIsExactAtEveryScaling) {
   TestForm form;
   for (const auto& [dpi, width, height] :
