@@ -13,6 +13,8 @@ namespace {
 
 // Fields are closed by a NUL, which no name of a file can have.
 constexpr std::string_view kSignature{"kvezdata journal 1\0", 19};
+constexpr std::string_view kHadOld = "old";
+constexpr std::string_view kHadNone = "none";
 constexpr std::string_view kEnd = "end";
 constexpr std::string_view kTemporaryBeginning = "kvezdata-";
 constexpr std::size_t kTemporaryDigits = 16;
@@ -68,7 +70,7 @@ Bytes JournalBytes(const ReplacementJournal& journal) {
   Bytes bytes(kSignature.begin(), kSignature.end());
   AppendField(bytes, std::string_view(reinterpret_cast<const char*>(&journal.state), 1));
   for (const ReplacementJournal::Entry& entry : journal.entries) {
-    AppendField(bytes, entry.hadOld ? "old" : "none");
+    AppendField(bytes, entry.hadOld ? kHadOld : kHadNone);
     for (const std::string* name : {&entry.name, &entry.temporary, &entry.kept}) AppendField(bytes, *name);
   }
   AppendField(bytes, kEnd);
@@ -98,8 +100,8 @@ ParsedJournal ParseJournal(std::span<const std::uint8_t> bytes) {
     auto temporary = TakeField(text);
     auto kept = TakeField(text);
     if (!kept) return parsed;
-    journal.entries.push_back({std::move(*name), std::move(*temporary), std::move(*kept), *first == "old"});
-    isSound = isSound && IsSound(journal.entries.back());
+    journal.entries.push_back({std::move(*name), std::move(*temporary), std::move(*kept), *first == kHadOld});
+    isSound = isSound && (*first == kHadOld || *first == kHadNone) && IsSound(journal.entries.back());
   }
   parsed.isCut = false;
   if (isSound && text.empty()) parsed.journal = std::move(journal);

@@ -186,6 +186,10 @@ TEST_F(ReplacementTest, JournalThatNamesOtherFilesIsNotFollowed) {
   otherState[kJournalStateOffset] = 'x';
   folder.Write("kvezdata.journal", otherState);
   EXPECT_EQ(WriteAnother().status, 1);
+  Bytes neither = JournalBytes({State::Replacing, entries});
+  neither[kJournalStateOffset + 2] = 'O';  // for "old"
+  folder.Write("kvezdata.journal", neither);
+  EXPECT_EQ(WriteAnother().status, 1);
   Bytes longer = JournalBytes({State::Replacing, entries});
   longer.push_back('x');
   folder.Write("kvezdata.journal", longer);
