@@ -18,9 +18,9 @@
 #include "bench/measure.h"
 #include "bench/mspack_memory.h"
 #include "bench/output_bench.h"
-#include "database/windows1250.h"
 #include "platform/portable/szdd.h"
 #include "tests/core/fakes.h"
+#include "text/windows1250.h"
 #include "tools/loaded_database.h"
 
 namespace {

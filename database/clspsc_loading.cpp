@@ -4,7 +4,7 @@
 #include "database/clspsc.h"
 #include "database/name_text.h"
 #include "database/progress_cadence.h"
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

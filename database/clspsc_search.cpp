@@ -6,12 +6,12 @@
 
 #include "database/application.h"
 #include "database/clspsc.h"
-#include "database/fold.h"
 #include "database/list_filling.h"
 #include "database/name_pattern.h"
-#include "database/numeric_text.h"
-#include "database/quoted.h"
 #include "database/status_text.h"
+#include "text/fold.h"
+#include "text/numeric_text.h"
+#include "text/quoted.h"
 
 namespace kvez {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "database/application.h"
 #include "database/clspsc.h"
-#include "database/numeric_text.h"
+#include "text/numeric_text.h"
 
 namespace kvez {
 namespace {

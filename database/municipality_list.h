@@ -9,7 +9,7 @@
 #include "database/field_reader.h"
 #include "database/name_keys.h"
 #include "database/records.h"
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "database/fold.h"
 #include "database/name_normalisation.h"
-#include "database/windows1250.h"
+#include "text/fold.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

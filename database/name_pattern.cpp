@@ -1,6 +1,6 @@
 #include "database/name_pattern.h"
 
-#include "database/quoted.h"
+#include "text/quoted.h"
 
 namespace kvez {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "database/fold.h"
 #include "database/name_normalisation.h"
 #include "database/name_pattern.h"
 #include "database/status_text.h"
-#include "database/windows1250.h"
+#include "text/fold.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "database/conversion_error.h"
-#include "database/numeric_text.h"
-#include "database/windows1250.h"
 #include "fuzz/require.h"
+#include "text/conversion_error.h"
+#include "text/numeric_text.h"
+#include "text/windows1250.h"
 #include "tools/tables.h"
 
 namespace kvez {

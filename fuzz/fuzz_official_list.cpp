@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "database/windows1250.h"
 #include "fuzz/require.h"
+#include "text/windows1250.h"
 #include "tools/official_list.h"
 #include "tools/tables.h"
 #include "tools/tool.h"

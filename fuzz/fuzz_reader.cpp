@@ -4,10 +4,10 @@
 // Input: a byte that says which of the three files it is, the length of a search text and the text in Windows-1250,
 // then the file.
 
-#include "database/conversion_error.h"
 #include "fuzz/require.h"
 #include "tests/core/loaded_database.h"
 #include "tests/core/reference.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {

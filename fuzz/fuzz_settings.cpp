@@ -7,13 +7,13 @@
 #include <string_view>
 
 #include "database/clspsc.h"
-#include "database/conversion_error.h"
-#include "database/numeric_text.h"
-#include "database/windows1250.h"
 #include "fuzz/require.h"
-#include "platform/portable/utf8.h"
 #include "settings/boolean_text.h"
 #include "tests/core/fakes.h"
+#include "text/conversion_error.h"
+#include "text/numeric_text.h"
+#include "text/utf8.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

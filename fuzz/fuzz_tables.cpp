@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "database/field_reader.h"
-#include "database/windows1250.h"
 #include "fuzz/require.h"
 #include "platform/portable/szdd.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
+#include "text/windows1250.h"
 #include "tools/data_file_bytes.h"
 #include "tools/tables.h"
 #include "tools/tool.h"

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "database/application.h"
-#include "database/conversion_error.h"
 #include "mainwindow/frmhlavni.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 

@@ -5,7 +5,6 @@
 
 #include "database/application.h"
 #include "database/clspsc.h"
-#include "database/conversion_error.h"
 #include "forms/guard.h"
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
@@ -25,6 +24,7 @@
 #include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_version_information.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "database/conversion_error.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {

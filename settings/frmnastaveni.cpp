@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "database/application.h"
-#include "database/conversion_error.h"
 #include "forms/dpi.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "database/field_reader.h"
-#include "database/windows1250.h"
 #include "platform/portable/szdd.h"
+#include "text/windows1250.h"
 #include "tools/commands.h"
 #include "tools/files.h"
 #include "tools/name_rules.h"

@@ -1,7 +1,7 @@
 #include "tools/data_file_bytes.h"
 
-#include "database/windows1250.h"
 #include "platform/portable/szdd.h"
+#include "text/windows1250.h"
 #include "tools/tool.h"
 
 namespace kvez {

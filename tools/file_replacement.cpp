@@ -4,7 +4,7 @@
 
 #include "platform/durable_files.h"
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 #include "tools/files.h"
 #include "tools/replacement_journal.h"
 #include "tools/tool.h"

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 #include "tools/tool.h"
 
 namespace kvez {

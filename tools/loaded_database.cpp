@@ -1,7 +1,7 @@
 #include "tools/loaded_database.h"
 
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 #include "tools/files.h"
 #include "tools/tool.h"
 

@@ -1,7 +1,7 @@
 // What the data tool's messages are put together from. Apart from the commands, so that what reads lists and tables can
 // be linked without them.
 
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 #include "tools/tool.h"
 
 namespace kvez {

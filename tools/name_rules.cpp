@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "database/fold.h"
+#include "text/fold.h"
 #include "tools/tool.h"
 
 namespace kvez {

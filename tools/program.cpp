@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 #include "tools/tool.h"
 
 #ifdef _WIN32

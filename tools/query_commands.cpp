@@ -2,9 +2,9 @@
 
 #include <new>
 
-#include "database/conversion_error.h"
-#include "database/fold.h"
-#include "platform/portable/utf8.h"
+#include "text/conversion_error.h"
+#include "text/fold.h"
+#include "text/utf8.h"
 #include "tools/commands.h"
 #include "tools/loaded_database.h"
 #include "tools/tables.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 
 namespace kvez {
 namespace {

@@ -4,8 +4,8 @@
 #include <map>
 #include <span>
 
-#include "database/windows1250.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
+#include "text/windows1250.h"
 #include "tools/lines.h"
 #include "tools/name_rules.h"
 #include "tools/tables.h"

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <tuple>
 
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 
 namespace kvez {
 namespace {

@@ -5,9 +5,9 @@
 #include <new>
 #include <string_view>
 
-#include "database/conversion_error.h"
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/conversion_error.h"
+#include "text/utf8.h"
 #include "tools/commands.h"
 #include "tools/files.h"
 

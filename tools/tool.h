@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 
 namespace kvez {
 

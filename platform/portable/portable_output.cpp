@@ -4,9 +4,9 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "database/windows1250.h"
 #include "platform/portable/local_time.h"
 #include "platform/portable/portable_path.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <type_traits>
 
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 
 namespace kvez {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "database/windows1250.h"
 #include "tests/core/fakes.h"
+#include "text/windows1250.h"
 
 /// Expanded data files, put together field by field.
 namespace kvez::fakes {

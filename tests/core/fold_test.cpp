@@ -1,10 +1,10 @@
-#include "database/fold.h"
+#include "text/fold.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

@@ -1,10 +1,10 @@
-#include "database/numeric_text.h"
+#include "text/numeric_text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "database/conversion_error.h"
+#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {

@@ -1,4 +1,4 @@
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/portable/utf8.h"
 #include "tests/core/loaded_database.h"
 #include "tests/failure/faulty_platform.h"
+#include "text/utf8.h"
 
 namespace kvez::test {
 

@@ -7,7 +7,6 @@
 #include <iterator>
 #include <thread>
 
-#include "database/windows1250.h"
 #include "tests/core/data_bytes.h"
 #include "tests/program/download_base.h"
 #include "tests/program/program_test.h"
@@ -16,6 +15,7 @@
 #include "tests/support/list_menu_driver.h"
 #include "tests/support/mail_client.h"
 #include "tests/support/temporary_folder.h"
+#include "text/windows1250.h"
 
 namespace kvez::test {
 namespace {

@@ -6,7 +6,6 @@
 #include <iterator>
 #include <map>
 
-#include "database/windows1250.h"
 #include "platform/portable/portable_formats.h"
 #include "tests/program/program_test.h"
 #include "tests/support/folder_dialog.h"
@@ -14,6 +13,7 @@
 #include "tests/support/mail_client.h"
 #include "tests/support/printed_pages.h"
 #include "tests/support/temporary_folder.h"
+#include "text/windows1250.h"
 
 namespace kvez::test {
 namespace {

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/portable/utf8.h"
 #include "tests/tool/tool_test.h"
+#include "text/utf8.h"
 
 namespace kvez {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/portable/portable_path.h"
-#include "platform/portable/utf8.h"
+#include "text/utf8.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>

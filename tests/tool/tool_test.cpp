@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <new>
 
-#include "database/conversion_error.h"
-#include "platform/portable/utf8.h"
+#include "text/conversion_error.h"
+#include "text/utf8.h"
 
 namespace kvez {
 

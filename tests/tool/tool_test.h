@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "database/windows1250.h"
 #include "platform/portable/portable_path.h"
 #include "tests/support/temporary_folder.h"
+#include "text/windows1250.h"
 #include "tools/tool.h"
 
 namespace kvez {

@@ -1,9 +1,9 @@
 // What the shortcut class asks of the machine, step by step, on a machine of the test's own.
 #include <gmock/gmock.h>
 
-#include "database/conversion_error.h"
 #include "settings/boolean_text.h"
 #include "tests/windows/shortcut_fakes.h"
+#include "text/conversion_error.h"
 
 namespace kvez::test {
 namespace {

@@ -1,8 +1,8 @@
-#include "database/fold.h"
+#include "text/fold.h"
 
 #include <algorithm>
 
-#include "database/windows1250.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {

@@ -1,11 +1,11 @@
-#include "database/numeric_text.h"
+#include "text/numeric_text.h"
 
 #include <algorithm>
 #include <limits>
 #include <string>
 
-#include "database/conversion_error.h"
-#include "database/quoted.h"
+#include "text/conversion_error.h"
+#include "text/quoted.h"
 
 namespace kvez {
 namespace {
