@@ -106,7 +106,7 @@ class LikeSearch {
   sqlite3_stmt* m_select = nullptr;
 };
 
-void MeasureNameSearch(clspsc& database, const std::vector<std::wstring>& names, Limits& limits) {
+void MeasureNameSearch(PostalDatabase& database, const std::vector<std::wstring>& names, Limits& limits) {
   LikeSearch like(names);
   CountingList list;
   std::wstring description;
@@ -155,7 +155,7 @@ struct Multiplied {
   fakes::ProgressWindowFake progress;
   CountingList list;
   std::wstring description;
-  clspsc database{machine.Platform(), L""};
+  PostalDatabase database{machine.Platform(), L""};
 };
 
 // Reads as much as no cache of one processor holds. The million names never come from there, and the real ones would

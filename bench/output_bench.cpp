@@ -4,6 +4,7 @@
 #include <string>
 
 #include "bench/measure.h"
+#include "postal/clspsc.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 // The real rows, under codes that all begin with 1: the search for that finds every one of them.
 struct Files {
-  explicit Files(clspsc& source) {
+  explicit Files(PostalDatabase& source) {
     std::set<std::int32_t> served;
     for (std::int32_t i = 1; i <= source.pscCelkem(); ++i) {
       source.pscDetail(i);
@@ -57,7 +58,7 @@ class Listed {
 
 }  // namespace
 
-void MeasureListText(clspsc& source, Limits& limits) {
+void MeasureListText(PostalDatabase& source, Limits& limits) {
   constexpr int kTimes = 10;
   const Files files(source);
   Listed real(files, 1);

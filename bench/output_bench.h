@@ -1,11 +1,11 @@
 #pragma once
 
 #include "bench/limits.h"
-#include "database/clspsc.h"
+#include "database/postal_database.h"
 
 namespace kvez::bench {
 
 /// The list text of all municipalities of `source`, and of ten times as many.
-void MeasureListText(clspsc& source, Limits& limits);
+void MeasureListText(PostalDatabase& source, Limits& limits);
 
 }  // namespace kvez::bench

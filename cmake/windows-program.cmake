@@ -1,8 +1,8 @@
 # The program: its rooms from the bottom up, its resources, its folder.
 kvez_room(kvez_forms forms kvez_system_precompiled kvez_platform_windows gdi32 user32 comctl32 oleaut32 uuid)
-kvez_room(kvez_settings settings kvez_system_precompiled kvez_forms kvez_core kvez_platform_windows)
+kvez_room(kvez_settings settings kvez_system_precompiled kvez_forms kvez_postal kvez_platform_windows)
 kvez_room(kvez_controls controls kvez_system_precompiled kvez_forms kvez_platform_windows)
-kvez_room(kvez_mainwindow mainwindow kvez_system_precompiled kvez_controls kvez_settings kvez_core)
+kvez_room(kvez_mainwindow mainwindow kvez_system_precompiled kvez_controls kvez_settings kvez_postal)
 
 # Icons, manifest and version information; the test programs carry them too.
 configure_file(resources/version.h.in generated/version.h)

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "database/clspsc.h"
 #include "fuzz/require.h"
+#include "postal/clspsc.h"
 #include "settings/boolean_text.h"
 #include "tests/core/fakes.h"
 #include "text/conversion_error.h"

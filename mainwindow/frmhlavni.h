@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "controls/tlText.h"
-#include "database/clspsc.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/form.h"
@@ -24,6 +23,7 @@
 #include "mainwindow/search_panel_rules.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
+#include "postal/clspsc.h"
 #include "settings/frmnastaveni.h"
 
 namespace kvez {

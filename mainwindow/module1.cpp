@@ -4,7 +4,6 @@
 #include <string>
 
 #include "database/application.h"
-#include "database/clspsc.h"
 #include "forms/guard.h"
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
@@ -24,6 +23,7 @@
 #include "platform/windows/windows_settings_store.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_version_information.h"
+#include "postal/clspsc.h"
 #include "text/conversion_error.h"
 
 namespace kvez {
@@ -50,7 +50,7 @@ class Module1 {
   }
 
  private:
-  Platform CorePlatform() { return {m_messages, m_settings, m_lz, m_files, m_formats, m_output.Services()}; }
+  Platform CorePlatform() { return {{m_messages, m_settings, m_lz, m_files, m_formats}, m_output.Services()}; }
 
   CommandServices Commands() {
     return {m_downloader, m_help, m_kept, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};

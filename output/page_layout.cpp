@@ -24,14 +24,14 @@ constexpr double kFooterSize = 6;
 struct Column {
   double left;
   std::wstring_view title;
-  std::wstring PrintedRow::*field;
+  std::wstring_view ResultRow::*field;
 };
 
 constexpr std::wstring_view kCodeTitle = L"PSČ";
-constexpr Column kColumns[] = {{0, kCodeTitle, &PrintedRow::code},
-                               {15, L"Pošta", &PrintedRow::postOffice},
-                               {80, L"Obec", &PrintedRow::municipality},
-                               {145, L"Okres", &PrintedRow::district}};
+constexpr Column kColumns[] = {{0, kCodeTitle, &ResultRow::code},
+                               {15, L"Pošta", &ResultRow::postOffice},
+                               {80, L"Obec", &ResultRow::municipality},
+                               {145, L"Okres", &ResultRow::district}};
 
 void PrintCentred(Printer& printer, double y, std::wstring_view text) {
   printer.Print((kWidth - printer.TextWidth(text)) / 2, y, text);
@@ -101,7 +101,7 @@ void PrintPages(Printer& printer, const PrintedList& list) {
     // The rows are smaller than their titles but advance by the height of these.
     double y = head.firstRow;
     for (std::int32_t position = first; position <= last; ++position) {
-      const PrintedRow row = list.row(position);
+      const ResultRow row = list.row(position);
       // Nothing is cut: a long name runs into the next column.
       for (const Column& column : kColumns) printer.Print(column.left, y, row.*column.field);
       y += head.rowHeight;

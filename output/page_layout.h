@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "database/result_rows.h"
 #include "platform/printer.h"
 
 namespace kvez {
@@ -20,21 +21,13 @@ struct PagePlan {
 /// a row does not fit on a page.
 PagePlan PlanPages(std::int32_t rows, double textHeight);
 
-/// One printed row.
-struct PrintedRow {
-  std::wstring code;
-  std::wstring postOffice;
-  std::wstring municipality;
-  std::wstring district;
-};
-
 /// What is printed. The functions are called when their text is printed, in the order of the pages.
 struct PrintedList {
   std::wstring_view heading;
   std::wstring_view countSentence;
   std::wstring_view titleLine;
   std::int32_t rows = 0;
-  std::function<PrintedRow(std::int32_t position)> row;     // positions from 1
+  std::function<ResultRow(std::int32_t position)> row;      // positions from 1
   std::function<void(std::int32_t position)> rowIsPrinted;  // after each row
   std::function<std::wstring(std::int32_t page, std::int32_t pageCount)> pageNumber;
   std::function<std::wstring()> moment;

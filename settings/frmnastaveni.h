@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "database/clspsc.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
+#include "postal/clspsc.h"
 #include "settings/clszastupce.h"
 
 namespace kvez {

@@ -32,8 +32,7 @@ void CollectedMessages::ThrowIfAny() const {
 }
 
 LoadedDatabase::LoadedDatabase(const std::filesystem::path& folder)
-    : m_database(Platform{m_messages, m_settings, m_lz, m_lz, m_formats, m_output.Services()},
-                 TextFromPath(Absolute(folder))) {
+    : m_database(DatabasePlatform{m_messages, m_settings, m_lz, m_lz, m_formats}, TextFromPath(Absolute(folder))) {
   ExpectNoReplacement(folder);
   m_database.pscNacti(m_progress);
   m_database.pscpNacti(m_progress);

@@ -4,12 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "database/clspsc.h"
+#include "database/postal_database.h"
 #include "database/progress_window.h"
 #include "platform/message_dialog.h"
 #include "platform/portable/memory_lz_library.h"
 #include "platform/portable/portable_formats.h"
-#include "platform/portable/portable_output.h"
 #include "platform/portable/portable_settings_store.h"
 
 namespace kvez {
@@ -27,14 +26,14 @@ class CollectedMessages : public MessageDialog {
   std::wstring m_texts;
 };
 
-/// The program's own database object with the lists of a folder, without a machine around it.
+/// The program's own database with the lists of a folder, without a machine around it.
 class LoadedDatabase {
  public:
   /// Loads the three lists as the program does, but writes nothing into the folder. Throws ToolError with the program's
   /// messages, or when the files of the folder are just being replaced.
   explicit LoadedDatabase(const std::filesystem::path& folder);
 
-  clspsc& Database() { return m_database; }
+  PostalDatabase& Database() { return m_database; }
   const CollectedMessages& Messages() const { return m_messages; }
 
  private:
@@ -48,9 +47,8 @@ class LoadedDatabase {
   PortableSettingsStore m_settings;
   MemoryLzLibrary m_lz;
   PortableFormats m_formats;
-  PortableOutput m_output;
   NoProgress m_progress;
-  clspsc m_database;
+  PostalDatabase m_database;
 };
 
 }  // namespace kvez

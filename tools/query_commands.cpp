@@ -24,7 +24,7 @@ class NoListBox : public ListBox {
   void SetHorizontalExtent(int) override {}
 };
 
-void ListMunicipalities(const clspsc& database, std::ostream& out) {
+void ListMunicipalities(const PostalDatabase& database, std::ostream& out) {
   const MunicipalityList& list = database.Municipalities();
   for (std::size_t i = 0; i < list.size(); ++i) {
     const tclspsc row = list[i];
@@ -32,20 +32,20 @@ void ListMunicipalities(const clspsc& database, std::ostream& out) {
   }
 }
 
-void ListPostOffices(const clspsc& database, std::ostream& out) {
+void ListPostOffices(const PostalDatabase& database, std::ostream& out) {
   for (const tclsdodavaci& row : database.PostOffices()) {
     out << ToUtf8(PostalCodeText(row.tpPSC()) + L";" + row.tpDodavaci()) << '\n';
   }
 }
 
-void ListDistricts(const clspsc& database, std::ostream& out) {
+void ListDistricts(const PostalDatabase& database, std::ostream& out) {
   for (const tclsokresy& row : database.Districts()) {
     out << ToUtf8(std::to_wstring(row.tpscoKod()) + L";" + row.tpscoOkres()) << '\n';
   }
 }
 
 /// The 1-based index of a district by its name, without regard to case.
-std::int32_t DistrictIndex(const clspsc& database, const std::wstring& name) {
+std::int32_t DistrictIndex(const PostalDatabase& database, const std::wstring& name) {
   std::int32_t index = 0;
   for (const tclsokresy& row : database.Districts()) {
     ++index;
@@ -54,7 +54,7 @@ std::int32_t DistrictIndex(const clspsc& database, const std::wstring& name) {
   throw ToolError("there is no district " + InApostrophes(name));
 }
 
-std::wstring Search(clspsc& database, const Arguments& arguments) {
+std::wstring Search(PostalDatabase& database, const Arguments& arguments) {
   const std::wstring& kind = arguments[1];
   const std::wstring& text = arguments[2];
   const bool exact = arguments.size() == 4;
@@ -80,10 +80,10 @@ std::wstring Search(clspsc& database, const Arguments& arguments) {
 }  // namespace
 
 void ListCommand(const Arguments& arguments, std::ostream& out) {
-  void (*print)(const clspsc&, std::ostream&) = arguments[1] == L"municipalities" ? &ListMunicipalities
-                                                : arguments[1] == L"offices"      ? &ListPostOffices
-                                                : arguments[1] == L"districts"    ? &ListDistricts
-                                                                                  : nullptr;
+  void (*print)(const PostalDatabase&, std::ostream&) = arguments[1] == L"municipalities" ? &ListMunicipalities
+                                                        : arguments[1] == L"offices"      ? &ListPostOffices
+                                                        : arguments[1] == L"districts"    ? &ListDistricts
+                                                                                          : nullptr;
   if (print == nullptr) {
     throw ToolError("there is no list " + InApostrophes(arguments[1]) + ", only municipalities, offices and districts");
   }
@@ -100,7 +100,7 @@ void SearchCommand(const Arguments& arguments, std::ostream& out) {
     throw ToolError(InApostrophes(arguments[3]) + " is not understood; only search DIR psc TEXT takes --exact");
   }
   LoadedDatabase loaded(PathArgument(arguments[0]));
-  clspsc& database = loaded.Database();
+  PostalDatabase& database = loaded.Database();
   const std::wstring description = Search(database, arguments);
   loaded.Messages().ThrowIfAny();
   out << ToUtf8(description) << '\n' << ToUtf8(database.pVybran()) << '\n';

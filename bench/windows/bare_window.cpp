@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bench/windows/windows_machine.h"
-#include "database/clspsc.h"
+#include "postal/clspsc.h"
 
 namespace {
 

@@ -17,7 +17,7 @@ namespace kvez {
 
 /// The services that the database gets in the real program.
 struct WindowsMachine {
-  kvez::Platform Platform() { return {messages, settings, lz, files, formats, output.Services()}; }
+  kvez::Platform Platform() { return {{messages, settings, lz, files, formats}, output.Services()}; }
 
   /// In front of which messages appear and to which the clipboard belongs.
   HWND window = nullptr;

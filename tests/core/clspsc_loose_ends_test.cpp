@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "database/clspsc.h"
+#include "postal/clspsc.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
 

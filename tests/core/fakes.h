@@ -249,7 +249,7 @@ struct Machine {
   FormatsFake formats;
   OutputMachine output{log};
 
-  kvez::Platform Platform() { return {messages, settings, lz, files, formats, output.Services()}; }
+  kvez::Platform Platform() { return {{messages, settings, lz, files, formats}, output.Services()}; }
 };
 
 }  // namespace kvez::fakes

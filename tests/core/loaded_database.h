@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "database/clspsc.h"
+#include "postal/clspsc.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
 

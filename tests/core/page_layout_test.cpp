@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -22,9 +23,10 @@ struct PrintingRun {
     list.countSentence = L"Sto obcí.";  // 18 mm at 8 points
     list.titleLine = L"Kvez, © Hora";
     list.rows = rows;
-    list.row = [](std::int32_t position) {
+    list.row = [this](std::int32_t position) {
       const std::wstring number = std::to_wstring(position);
-      return PrintedRow{L"c" + number, L"p" + number, L"m" + number, L"d" + number};
+      row = {L"c" + number, L"p" + number, L"m" + number, L"d" + number};
+      return ResultRow{row[0], row[1], row[2], row[3]};
     };
     list.rowIsPrinted = [this](std::int32_t position) { printed.push_back(position); };
     list.pageNumber = [](std::int32_t page, std::int32_t count) {
@@ -47,6 +49,7 @@ struct PrintingRun {
   std::vector<std::wstring> log;
   fakes::PrinterFake printer{log};
   PrintedList list;
+  std::array<std::wstring, 4> row;
   std::vector<std::int32_t> printed;
 };
 
@@ -123,7 +126,8 @@ TEST(PageLayout, PutsThreeTextsIntoTheFoot) {
 
 TEST(PageLayout, CutsNoLongName) {
   PrintingRun run(1);
-  run.list.row = [](std::int32_t) { return PrintedRow{L"110 00", std::wstring(100, L'x'), L"m", L"d"}; };
+  const std::wstring longName(100, L'x');
+  run.list.row = [&](std::int32_t) { return ResultRow{L"110 00", longName, L"m", L"d"}; };
   run.Print();
   EXPECT_EQ(run.printer.TextsAt(1, 28.2), (Texts{L"110 00", std::wstring(100, L'x'), L"m", L"d"}));
 }

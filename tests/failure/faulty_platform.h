@@ -324,9 +324,8 @@ struct FaultyMachine {
   FaultyWindow window{realWindow, faults};
 
   kvez::Platform Platform() {
-    return {messages, settings,
-            lz,       files,
-            formats,  {real.output.clock, pendingMessages, version, textFiles, clipboard, folders, mail, printer}};
+    return {{messages, settings, lz, files, formats},
+            {real.output.clock, pendingMessages, version, textFiles, clipboard, folders, mail, printer}};
   }
 };
 

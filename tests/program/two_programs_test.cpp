@@ -3,7 +3,7 @@
 #include <atomic>
 #include <thread>
 
-#include "database/clspsc.h"
+#include "database/postal_database.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_lz_library.h"
 #include "tests/core/fakes.h"
@@ -34,8 +34,7 @@ class OtherProgram {
       WindowsLzLibrary lz;
       WindowsFiles files;
       fakes::ProgressWindowFake window;
-      clspsc database({machine.messages, machine.settings, lz, files, machine.formats, machine.output.Services()},
-                      m_folder);
+      PostalDatabase database({machine.messages, machine.settings, lz, files, machine.formats}, m_folder);
       database.pscNacti(window);
       database.pscpNacti(window);
       database.pscoNacti(window);

@@ -189,8 +189,7 @@ TEST_F(WindowsLzTest, ManyProgramsInOneFolderAllLoadEverything) {
       WindowsLzLibrary lz;
       WindowsFiles files;
       fakes::ProgressWindowFake window;
-      clspsc database({machine.messages, machine.settings, lz, files, machine.formats, machine.output.Services()},
-                      Path(L"out"));
+      PostalDatabase database({machine.messages, machine.settings, lz, files, machine.formats}, Path(L"out"));
       database.pscNacti(window);
       database.pscpNacti(window);
       database.pscoNacti(window);

@@ -53,7 +53,7 @@ class Nastaveni : public testing::Test {
   FakeShell shell;
   FakeAutomation automation;
   clspsc database{
-      Platform{machine.messages, settings, machine.lz, machine.files, machine.formats, machine.output.Services()},
+      Platform{{machine.messages, settings, machine.lz, machine.files, machine.formats}, machine.output.Services()},
       L"C:\\Kvez"};
   std::unique_ptr<frmnastaveni> window;
 };

@@ -1,6 +1,5 @@
-// The list text: the one form in which a list leaves the program as text.
+#include "output/list_text.h"
 
-#include "database/clspsc.h"
 #include "output/title_line.h"
 
 namespace kvez {
@@ -15,33 +14,27 @@ constexpr std::size_t kUsualRowLength = 64;
 
 }  // namespace
 
-std::wstring clspsc::pSeznam() {
+std::wstring ListText(const std::wstring& heading, ResultRows& rows, Formats& formats, Clock& clock,
+                      VersionInformation& version) {
   std::wstring text;
-  text.reserve(m_result.size() * kUsualRowLength + 256);
+  text.reserve(heading.size() + static_cast<std::size_t>(rows.Count()) * kUsualRowLength + 256);
+  text.append(heading).append(kLineEnd).append(kLineEnd);
   text += kHeader;
   text += kLineEnd;
-  for (const tpclspsc& entry : m_result) {
-    pscDetail(entry.tpPozice());
+  for (std::int32_t position = 1; position <= rows.Count(); ++position) {
+    const ResultRow row = rows.Row(position);
     text += kLineEnd;
-    if (m_hasCurrent) text += FormattedCode(m_currentCode);
+    text += row.code;
     // Nothing is quoted: a name that contains the separator is written as it stands.
-    for (const std::wstring* field : {&m_currentPostOffice, &m_currentName, &m_currentDistrictName}) {
+    for (const std::wstring_view field : {row.postOffice, row.municipality, row.district}) {
       text += kFieldSeparator;
-      text += *field;
+      text += field;
     }
   }
   for (int line = 0; line < 3; ++line) text += kLineEnd;
-  text += m_platform.formats.Date(m_platform.output.clock.Now(), kMomentPicture);
+  text += formats.Date(clock.Now(), kMomentPicture);
   for (int line = 0; line < 3; ++line) text += kLineEnd;
-  text += TitleLine(m_platform.output.version);
-  return text;
-}
-
-std::wstring clspsc::TextUnderHeading(const std::wstring& heading) {
-  std::wstring text = heading;
-  text += kLineEnd;
-  text += kLineEnd;
-  text += pSeznam();
+  text += TitleLine(version);
   return text;
 }
 

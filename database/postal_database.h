@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,29 +8,27 @@
 #include <vector>
 
 #include "database/data_files.h"
-#include "database/field_reader.h"
 #include "database/list_box.h"
-#include "database/municipality_list.h"
-#include "database/post_office_index.h"
+#include "database/list_files.h"
 #include "database/progress_window.h"
-#include "database/records.h"
-#include "platform/platform.h"
+#include "database/result_rows.h"
+#include "platform/database_platform.h"
 
 namespace kvez {
 
 /// What a search that ran out of memory says it has searched for.
 inline constexpr std::wstring_view kOutOfMemory = L"Nedostatek paměti.";
 
-/// The one database object: municipalities, delivery post offices, districts, the current result and its cursors.
+/// Municipalities, delivery post offices, districts, the current result and its cursors.
 ///
 /// Lists are 1-based; index 0 means no element, and an index out of range selects no element.
-class clspsc {
+class PostalDatabase : private ResultRows {
  public:
   /// `programFolder` is the folder of the data files; only the root of a drive ends in a separator.
-  clspsc(Platform platform, std::wstring programFolder);
+  PostalDatabase(const DatabasePlatform& platform, std::wstring programFolder);
 
-  clspsc(const clspsc&) = delete;
-  clspsc& operator=(const clspsc&) = delete;
+  PostalDatabase(const PostalDatabase&) = delete;
+  PostalDatabase& operator=(const PostalDatabase&) = delete;
 
   // Loading and release. A file is read aside and becomes the list when it was read whole. A loading that fails,
   // whatever the reason, shows its message and leaves the list (pscNacti: every list) empty. A release never fails.
@@ -73,7 +70,7 @@ class clspsc {
 
   // The lists as they were read, in file order.
   const MunicipalityList& Municipalities() const { return m_municipalities; }
-  const std::vector<tclsdodavaci>& PostOffices() const { return m_postOffices; }
+  const std::vector<tclsdodavaci>& PostOffices() const { return m_postOffices.offices; }
   const std::vector<tclsokresy>& Districts() const { return m_districts; }
 
   // Cursors. One that cannot be moved, because memory ran out, selects nothing.
@@ -94,22 +91,19 @@ class clspsc {
   std::wstring pscoVybran() const;
   std::wstring pVybran() const;
 
-  // Handing out the result under a heading. Each leaves the municipality cursor on the last row of the result.
-  /// Writes "vdkvez.txt" into a folder that the user picks. An empty result does nothing at all.
-  void pExport(std::wstring peh);
-  /// Puts the list text on the clipboard.
-  void pClipboard(const std::wstring& pch);
-  /// Writes "meil.txt" into the program's folder and attaches it to a new e-mail, shown there under the heading.
-  void pMail(std::wstring pmt);
-  /// Prints the result on the default printer; the result cursor stays on the last printed row. A printer that
-  /// refuses prints nothing, silently.
-  void pTisk(std::wstring ptt, ProgressWindow& window);
+ protected:
+  /// The current result; it changes with the searches.
+  ResultRows& Result() { return *this; }
+  const std::wstring& ProgramFolder() const { return m_programFolder; }
 
  private:
-  bool ReadDataFile(const DataFile& file, ProgressWindow& window,
-                    const std::function<void(FieldReader&)>& appendRecord);
-  std::optional<std::vector<std::uint8_t>> ExpandedBytes(const DataFile& file, const std::wstring& expandedPath);
-  std::int32_t Expand(const DataFile& file, const std::wstring& expandedPath);
+  // The result as whoever hands it out sees it.
+  std::int32_t Count() const override { return m_resultCount; }
+  std::wstring CountSentence() const override { return pVybran(); }
+  ResultRow Row(std::int32_t position) override;
+  void StandOn(std::int32_t position) override { m_resultCursor = position; }
+
+  DataFolder Folder();
   void ShowDamaged(const DataFile& file);
 
   // Without a window no progress is shown.
@@ -119,23 +113,16 @@ class clspsc {
   void ReleaseResult();
 
   template <class Search>
-  void RunSearch(ListBox& list, std::wstring& description, Search search);
+  void RunSearch(ListBox& list, std::wstring& description, std::wstring_view otherwise, Search search);
   void EndWithoutResult(ListBox& list);
-  void SearchExactly(std::int32_t code, ListBox& list, std::wstring& description);
-  void AddMatch(std::size_t municipality);
   void FillResultList(ListBox& list);
   void StandOnLastOfResult();
-
-  std::wstring pSeznam();
-  std::wstring TextUnderHeading(const std::wstring& heading);
-  std::wstring AskForExportFolder();
-  void PrintResult(const std::wstring& heading, ProgressWindow& window);
 
   void SelectMunicipality(std::size_t index);
   void SelectNoMunicipality();
   const std::wstring& FormattedCode(std::int32_t code) const;
 
-  Platform m_platform;
+  DatabasePlatform m_platform;
   std::wstring m_programFolder;
 
   // The counts are copies of the lists' sizes, refreshed after each change; whoever asks in the middle of a loading
@@ -147,12 +134,10 @@ class clspsc {
   std::int32_t m_resultCursor = 0;  // also the running index of every walk over the result
   std::vector<tpclspsc> m_result;
   std::int32_t m_resultCount = 0;
-  std::vector<tclsdodavaci> m_postOffices;
+  PostOfficeList m_postOffices;
   std::int32_t m_postOfficeCount = 0;
-  std::vector<tclsokresy> m_districts;
+  DistrictList m_districts;
   std::int32_t m_districtCount = 0;
-
-  PostOfficeIndex m_postOfficeIndex;
 
   // Made ahead: there may be no memory left for it when it is needed.
   std::wstring m_outOfMemory{kOutOfMemory};

@@ -1,9 +1,9 @@
-// The three ways out for the list text: a file, the clipboard, an e-mail.
+#include "output/hand_out.h"
 
 #include <exception>
 
 #include "database/application.h"
-#include "database/clspsc.h"
+#include "output/list_text.h"
 
 namespace kvez {
 namespace {
@@ -14,37 +14,39 @@ constexpr std::wstring_view kMailFile = L"\\meil.txt";
 // What the mail system answers to a file that it cannot attach.
 constexpr std::uint32_t kMailFailure = 2;
 
+}  // namespace
+
+std::wstring HandOut::Text(const std::wstring& heading) {
+  return ListText(heading, m_rows, m_formats, m_output.clock, m_output.version);
+}
+
 /// False when the file could not be written, whatever the reason.
-template <typename MakeText>
-bool Write(TextFiles& files, const std::wstring& path, const MakeText& makeText) {
+bool HandOut::Write(const std::wstring& path, const std::wstring& heading) {
   try {
-    files.Write(path, makeText());
+    m_output.textFiles.Write(path, Text(heading));
     return true;
   } catch (const std::exception&) {
     return false;
   }
 }
 
-}  // namespace
-
-void clspsc::pExport(std::wstring peh) {
-  if (m_resultCount == 0) return;
+void HandOut::Export(const std::wstring& heading) {
+  if (m_rows.Count() == 0) return;
   std::wstring path = AskForExportFolder();
   // The session may end over the dialog, or among the messages below, and the list with it.
-  if (path.empty() || m_resultCount == 0) return;
+  if (path.empty() || m_rows.Count() == 0) return;
   if (path.back() != L'\\') path += L'\\';
   path += kExportFile;
 
-  Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(peh); });
-  m_platform.output.pendingMessages.Process();
-  if (m_resultCount == 0) return;
+  Write(path, heading);
+  m_output.pendingMessages.Process();
+  if (m_rows.Count() == 0) return;
   // Said whether or not the file could be written.
-  m_platform.messages.Show(L"Export do souboru \"vdkvez.txt\" je dokončen.", MessageIcon::Information,
-                           kApplicationTitle);
+  m_messages.Show(L"Export do souboru \"vdkvez.txt\" je dokončen.", MessageIcon::Information, kApplicationTitle);
 }
 
-std::wstring clspsc::AskForExportFolder() {
-  FolderDialog& folders = m_platform.output.folders;
+std::wstring HandOut::AskForExportFolder() {
+  FolderDialog& folders = m_output.folders;
   std::wstring path;
   for (;;) {
     const auto buffer = folders.Browse(L"Zadejte cestu kam si přejete soubor uložit.");
@@ -54,25 +56,24 @@ std::wstring clspsc::AskForExportFolder() {
     path = buffer->substr(0, end);
     // A buffer without an end is taken whole and not looked at further.
     if (end == std::wstring::npos || folders.IsDirectory(path)) return path;
-    m_platform.messages.Show(L"Vložte prosím disketu.", MessageIcon::Exclamation, kApplicationTitle);
+    m_messages.Show(L"Vložte prosím disketu.", MessageIcon::Exclamation, kApplicationTitle);
   }
 }
 
-void clspsc::pClipboard(const std::wstring& pch) { m_platform.output.clipboard.Replace(TextUnderHeading(pch)); }
+void HandOut::Copy(const std::wstring& heading) { m_output.clipboard.Replace(Text(heading)); }
 
-void clspsc::pMail(std::wstring pmt) {
+void HandOut::Mail(const std::wstring& heading, const std::wstring& folder) {
   // At the root of a drive the folder ends in a backslash already; the doubled one names the same file.
-  const std::wstring path = m_programFolder + std::wstring(kMailFile);
+  const std::wstring path = folder + std::wstring(kMailFile);
   // The file stays there after the message has gone; the next message overwrites it.
-  const std::int32_t rows = m_resultCount;
-  const bool written = Write(m_platform.output.textFiles, path, [&] { return TextUnderHeading(pmt); });
+  const std::int32_t rows = m_rows.Count();
   // Without it nothing is sent: the file that is there may be an older list. The heading is what the recipient sees as
   // the attachment's name; the mail system splits it at semicolons.
-  const std::uint32_t result = written ? m_platform.output.mail.SendDocuments(L";", path, pmt) : kMailFailure;
+  const std::uint32_t result = Write(path, heading) ? m_output.mail.SendDocuments(L";", path, heading) : kMailFailure;
   // The session may have ended over the client's window, and the list with it.
-  if (result == 0 || m_resultCount != rows) return;
-  m_platform.messages.Show(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation,
-                           std::to_wstring(result));
+  if (result == 0 || m_rows.Count() != rows) return;
+  m_messages.Show(L"Nastala chyba při pokusu o odeslání souboru e-mailem.", MessageIcon::Exclamation,
+                  std::to_wstring(result));
 }
 
 }  // namespace kvez
