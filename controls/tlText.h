@@ -59,6 +59,8 @@ class tlText : public forms::Control {
 
   using ShellExecuteFunction = std::function<HINSTANCE(HWND owner, const char* verb, const char* file,
                                                        const char* parameters, const char* folder, int show)>;
+  using WideShellExecuteFunction = std::function<HINSTANCE(HWND owner, const wchar_t* verb, const wchar_t* file,
+                                                           const wchar_t* parameters, const wchar_t* folder, int show)>;
 
   tlText() = default;
   ~tlText() override;
@@ -120,8 +122,11 @@ class tlText : public forms::Control {
   const std::wstring& DisplayName() const { return m_displayName; }
   /// The character that presses the button together with Alt; empty for none.
   const std::wstring& AccessKeys() const { return m_accessKeys; }
-  /// Replaces the shell's call, ShellExecuteA.
-  void SetShellExecute(ShellExecuteFunction function) { m_shellExecute = std::move(function); }
+  /// Replaces the shell's call, ShellExecuteA, and its wide twin.
+  void SetShellExecute(ShellExecuteFunction function, WideShellExecuteFunction wide = {}) {
+    m_shellExecute = std::move(function);
+    m_wideShellExecute = std::move(wide);
+  }
 
   // forms::Control
   bool HasAccessKey(wchar_t character) const override;
@@ -154,7 +159,8 @@ class tlText : public forms::Control {
 
   void OnPaint();
   void Paint(HDC context);
-  void PlaceCaption(HDC context, const std::string& caption);
+  void PlaceCaption(HDC context);
+  void DrawCaption(HDC context);
   COLORREF CaptionColor();
   void DrawFocusMark(HDC context, RECT& inside);
 
@@ -179,6 +185,7 @@ class tlText : public forms::Control {
   std::wstring m_displayName;
   std::wstring m_accessKeys;
   ShellExecuteFunction m_shellExecute;  // empty for the shell's own
+  WideShellExecuteFunction m_wideShellExecute;
   RunTimeFields m_run;
   bool m_pointerAnnounced = false;  // the last MouseMoveEnabled was true
   bool m_releasingCapture = false;

@@ -2,6 +2,7 @@
 #include "controls/tlText.h"
 #include "forms/access_key.h"
 #include "forms/form.h"
+#include "forms/input.h"
 #include "forms/input_gate.h"
 #include "forms/reach.h"
 #include "platform/windows/system_code_page.h"
@@ -26,6 +27,28 @@ class Raised {
  private:
   Boolean& m_flag;
 };
+
+/// Whether a key's code is that of the letter, small or capital.
+bool IsCodeOf(std::int16_t keyAscii, std::wstring_view letter) {
+  return CallWithText(
+      letter,
+      [&](const std::string& bytes) {
+        std::string lower = bytes;
+        std::string upper = bytes;
+        CharLowerA(lower.data());
+        CharUpperA(upper.data());
+        const auto code = [](const std::string& text) { return static_cast<unsigned char>(text.front()); };
+        return keyAscii == code(lower) || keyAscii == code(upper);
+      },
+      [&](const std::wstring& whole) {
+        std::wstring lower = whole;
+        std::wstring upper = whole;
+        CharLowerW(lower.data());
+        CharUpperW(upper.data());
+        // The code of what the code page lacks stands for all such letters; which one it was is known before.
+        return keyAscii == forms::ToKeyAscii(lower.front()) || keyAscii == forms::ToKeyAscii(upper.front());
+      });
+}
 
 }  // namespace
 
@@ -211,13 +234,7 @@ bool tlText::AccessKeyPress(std::int16_t KeyAscii) {
     PerformAction(false);
     return true;
   }
-  std::string lower = ToSystemCodePage(m_accessKeys);
-  if (lower.empty()) return false;
-  std::string upper = lower;
-  CharLowerA(lower.data());
-  CharUpperA(upper.data());
-  const auto code = [](const std::string& text) { return static_cast<unsigned char>(text.front()); };
-  if (KeyAscii != code(lower) && KeyAscii != code(upper)) return false;
+  if (m_accessKeys.empty() || !IsCodeOf(KeyAscii, m_accessKeys)) return false;
   PerformAction(false);
   return true;
 }
@@ -277,13 +294,22 @@ void tlText::PerformAction(bool applyDefaults) {
 }
 
 void tlText::ShellOpen(const std::wstring& target) {
-  const std::string file = ToSystemCodePage(target);
-  const std::string parameters = ToSystemCodePage(m_seParameters);
-  const ShellExecuteFunction execute =
-      m_shellExecute ? m_shellExecute : RequiredFunction<decltype(ShellExecuteA)>(L"shell32.dll", "ShellExecuteA");
+  const HINSTANCE result = CallWithTexts(
+      target, m_seParameters,
+      [&](const std::string& file, const std::string& parameters) {
+        const ShellExecuteFunction execute =
+            m_shellExecute ? m_shellExecute
+                           : RequiredFunction<decltype(ShellExecuteA)>(L"shell32.dll", "ShellExecuteA");
+        return execute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL);
+      },
+      [&](const std::wstring& file, const std::wstring& parameters) {
+        const WideShellExecuteFunction execute =
+            m_wideShellExecute ? m_wideShellExecute
+                               : RequiredFunction<decltype(ShellExecuteW)>(L"shell32.dll", "ShellExecuteW");
+        return execute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL);
+      });
   // A failed opening shows no message.
-  Keep(reinterpret_cast<std::intptr_t>(
-      execute(nullptr, nullptr, file.c_str(), parameters.c_str(), nullptr, SW_SHOWNORMAL)));
+  Keep(reinterpret_cast<std::intptr_t>(result));
 }
 
 }  // namespace kvez

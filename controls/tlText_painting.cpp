@@ -74,14 +74,10 @@ void tlText::Paint(HDC context) {
   FillRect(context, &m_run.ClientRect, BackBrush());
   SetBkMode(context, TRANSPARENT);
 
-  const std::string caption = ToSystemCodePage(m_caption);
-  PlaceCaption(context, caption);
-  const RECT place = m_run.IsDown.IsTrue() ? ShiftedByOne(m_run.TextRect) : m_run.TextRect;
-  const UINT style = m_enabledProperty.IsZero() ? DST_PREFIXTEXT | DSS_DISABLED : DST_PREFIXTEXT;
+  PlaceCaption(context);
   // The colours go to the device as they are kept, even when they are references to system colours.
   Keep(static_cast<std::intptr_t>(SetTextColor(context, CaptionColor())));
-  Keep(DrawStateA(context, nullptr, nullptr, reinterpret_cast<LPARAM>(caption.c_str()),
-                  static_cast<WPARAM>(lstrlenA(caption.c_str())), place.left, place.top, 0, 0, style));
+  DrawCaption(context);
 
   RECT inside = m_run.ClientRect;
   if (m_run.HasFocus.IsTrue() && !m_run.IsDown.IsTrue()) DrawFocusMark(context, inside);
@@ -91,9 +87,32 @@ void tlText::Paint(HDC context) {
   }
 }
 
-void tlText::PlaceCaption(HDC context, const std::string& caption) {
+void tlText::DrawCaption(HDC context) {
+  const RECT place = m_run.IsDown.IsTrue() ? ShiftedByOne(m_run.TextRect) : m_run.TextRect;
+  const UINT style = m_enabledProperty.IsZero() ? DST_PREFIXTEXT | DSS_DISABLED : DST_PREFIXTEXT;
+  Keep(CallWithDrawnText(
+      context, m_caption,
+      [&](const std::string& bytes) {
+        return DrawStateA(context, nullptr, nullptr, reinterpret_cast<LPARAM>(bytes.c_str()),
+                          static_cast<WPARAM>(lstrlenA(bytes.c_str())), place.left, place.top, 0, 0, style);
+      },
+      [&](const std::wstring& whole) {
+        return DrawStateW(context, nullptr, nullptr, reinterpret_cast<LPARAM>(whole.c_str()),
+                          static_cast<WPARAM>(lstrlenW(whole.c_str())), place.left, place.top, 0, 0, style);
+      }));
+}
+
+void tlText::PlaceCaption(HDC context) {
   RECT measured{};
-  Keep(DrawTextA(context, caption.c_str(), lstrlenA(caption.c_str()), &measured, DT_CALCRECT | DT_SINGLELINE));
+  constexpr UINT format = DT_CALCRECT | DT_SINGLELINE;
+  Keep(CallWithDrawnText(
+      context, m_caption,
+      [&](const std::string& bytes) {
+        return DrawTextA(context, bytes.c_str(), lstrlenA(bytes.c_str()), &measured, format);
+      },
+      [&](const std::wstring& whole) {
+        return DrawTextW(context, whole.c_str(), lstrlenW(whole.c_str()), &measured, format);
+      }));
   m_run.TextRect = CenteredText(m_run.ClientRect, {measured.right, measured.bottom});
 }
 

@@ -108,7 +108,11 @@ void tlText::SetDownColor(COLORREF value) {
 
 void tlText::SetCaption(std::wstring_view value) {
   // A change of letter case only is no change, on purpose.
-  if (lstrcmpiA(ToSystemCodePage(value).c_str(), ToSystemCodePage(m_caption).c_str()) == 0) return;
+  const int difference = CallWithTexts(
+      value, m_caption,
+      [](const std::string& wanted, const std::string& shown) { return lstrcmpiA(wanted.c_str(), shown.c_str()); },
+      [](const std::wstring& wanted, const std::wstring& shown) { return lstrcmpiW(wanted.c_str(), shown.c_str()); });
+  if (difference == 0) return;
   // The first "&" counts even when it is one of a pair: "&&A" has the access key "&".
   const std::size_t mark = value.find(L'&');
   m_accessKeys = mark == std::wstring_view::npos ? std::wstring_view() : value.substr(mark + 1, 1);

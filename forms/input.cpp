@@ -1,6 +1,7 @@
 #include "forms/input.h"
 
 #include "forms/events.h"
+#include "platform/windows/system_code_page.h"
 
 namespace kvez::forms {
 
@@ -17,10 +18,9 @@ std::int16_t HeldButtons(WPARAM wParam) {
 }
 
 std::int16_t ToKeyAscii(wchar_t character) {
-  char bytes[8]{};
-  const int size = WideCharToMultiByte(CP_ACP, 0, &character, 1, bytes, sizeof(bytes), nullptr, nullptr);
-  if (size != 1) return '?';
-  return static_cast<unsigned char>(bytes[0]);
+  const auto bytes = ToSystemCodePage({&character, 1});
+  if (!bytes || bytes->size() != 1) return '?';
+  return static_cast<unsigned char>(bytes->front());
 }
 
 wchar_t FromKeyAscii(std::int16_t keyAscii) {

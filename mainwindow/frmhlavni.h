@@ -164,6 +164,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void tlHAktualizace_Click();
   void tlHNapoveda_Click();
   std::wstring CestaNapovedy() const;
+  void ShowHelp(const std::wstring& path);
   std::int32_t DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status);
   void TakeOverDownloadedFiles();
   void RestartSearching();

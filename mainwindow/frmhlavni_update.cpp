@@ -108,13 +108,12 @@ void frmhlavni::tlHNapoveda_Click() {
   const forms::InputPause pause(*this);
   const std::wstring path = CestaNapovedy();
   if (!m_services.help.Takes(path)) {
-    m_platform.messages.Show(
-        L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá nebo obsahuje neznámé znaky.",
-        MessageIcon::Exclamation, kApplicationTitle);
+    m_platform.messages.Show(L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá.",
+                             MessageIcon::Exclamation, kApplicationTitle);
     return;
   }
   if (IsHelpFile(path)) {
-    m_services.help.Show(path);
+    ShowHelp(path);
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
     m_statusBar.SetIcon(2, -1, L"STAZENI");
@@ -122,7 +121,7 @@ void frmhlavni::tlHNapoveda_Click() {
     const std::int32_t result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
     if (!IsOpen()) return;
     if (result == 0 && HasHelpContent(path)) {
-      m_services.help.Show(path);
+      ShowHelp(path);
     } else {
       // A page that says something else instead of the help, or a part of it: nobody needs that.
       if (isNew || result == 0) DeleteFileW(path.c_str());
@@ -131,6 +130,11 @@ void frmhlavni::tlHNapoveda_Click() {
     }
   }
   m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+}
+
+void frmhlavni::ShowHelp(const std::wstring& path) {
+  if (m_services.help.Show(path)) return;
+  m_platform.messages.Show(L"Nápovědu se nepodařilo otevřít.", MessageIcon::Exclamation, kApplicationTitle);
 }
 
 std::wstring frmhlavni::CestaNapovedy() const { return m_services.ProgramFolder() + L"\\" + kHelpFile; }

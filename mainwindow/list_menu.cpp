@@ -23,14 +23,24 @@ std::span<const ListMenuRow> ListMenuRows() {
   return rows;
 }
 
+namespace {
+
+bool Append(HMENU menu, const ListMenuRow& row) {
+  // A separator has no text.
+  return CallWithText(
+             row.text,
+             [&](const std::string& bytes) {
+               return AppendMenuA(menu, row.flags, row.id, bytes.empty() ? nullptr : bytes.c_str());
+             },
+             [&](const std::wstring& text) { return AppendMenuW(menu, row.flags, row.id, text.c_str()); }) != FALSE;
+}
+
+}  // namespace
+
 OwnedMenu CreateListMenu() {
   OwnedMenu menu(CreatePopupMenu());
   for (const ListMenuRow& row : ListMenuRows()) {
-    const std::string text = ToSystemCodePage(row.text);
-    const bool isSeparator = row.flags == MF_SEPARATOR;
-    if (!AppendMenuA(menu.Get(), row.flags, row.id, isSeparator ? nullptr : text.c_str())) {
-      throw std::runtime_error("The system makes no menu.");
-    }
+    if (!Append(menu.Get(), row)) throw std::runtime_error("The system makes no menu.");
   }
   return menu;
 }

@@ -33,17 +33,19 @@ void StatusBar::Create(HWND parent, bool sizeGrip) {
   InitialiseBarClasses();
   DWORD style = WS_CHILD | WS_VISIBLE | CCS_BOTTOM;
   if (sizeGrip) style |= SBARS_SIZEGRIP;
+  // a-call: the class is the system's, and there is no title
   m_window = CreateWindowExA(0, "msctls_statusbar32", nullptr, style, 0, 0, 0, 0, parent, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
   ScaleTo(forms::WindowDpi(parent));
   WriteClock();
   const UINT_PTR timer = SetTimer(nullptr, 0, 1000, &StatusBar::ClockProcedure);
   if (timer != 0) m_timer = timer;
-  m_previousProcedure =
-      SetWindowLongPtrA(parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&StatusBar::ParentProcedure));
+  const auto procedure = reinterpret_cast<LONG_PTR>(&StatusBar::ParentProcedure);
+  m_previousProcedure = SetWindowLongPtrA(parent, GWLP_WNDPROC, procedure);  // a-call: no text
 }
 
 void StatusBar::Destroy() {
+  // a-call: no text
   if (m_previousProcedure != 0) SetWindowLongPtrA(m_parent, GWLP_WNDPROC, m_previousProcedure);
   if (m_timer != kNoTimer) KillTimer(nullptr, m_timer);
   // The bar goes by itself with its parent; then only the icons are left.
@@ -69,7 +71,7 @@ void CALLBACK StatusBar::ClockProcedure(HWND, UINT, UINT_PTR, DWORD) {
 }
 
 LRESULT CALLBACK StatusBar::ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (theBar == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+  if (theBar == nullptr) return DefWindowProcA(window, message, wParam, lParam);  // a-call: the only text is the title
   // Read before anything is handled: the message may be the one that ends the bar.
   const auto previous = reinterpret_cast<WNDPROC>(theBar->m_previousProcedure);
   if (message == WM_MENUSELECT) {
@@ -79,7 +81,7 @@ LRESULT CALLBACK StatusBar::ParentProcedure(HWND window, UINT message, WPARAM wP
       // A missing explanation is no reason to disturb the menu.
     }
   }
-  return CallWindowProcA(previous, window, message, wParam, lParam);
+  return CallWindowProcA(previous, window, message, wParam, lParam);  // a-call: the only text is the title
 }
 
 void StatusBar::WriteClock() {
@@ -112,8 +114,14 @@ void StatusBar::SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view
 }
 
 void StatusBar::SendText(std::wstring_view text, std::size_t panelAndFlags) {
-  const std::string bytes = ToSystemCodePage(text);
-  SendMessageA(m_window, SB_SETTEXTA, panelAndFlags, reinterpret_cast<LPARAM>(bytes.c_str()));
+  CallWithText(
+      text,
+      [&](const std::string& bytes) {
+        return SendMessageA(m_window, SB_SETTEXTA, panelAndFlags, reinterpret_cast<LPARAM>(bytes.c_str()));
+      },
+      [&](const std::wstring& whole) {
+        return SendMessageW(m_window, SB_SETTEXTW, panelAndFlags, reinterpret_cast<LPARAM>(whole.c_str()));
+      });
 }
 
 void StatusBar::LoadIconOf(std::size_t index) {
@@ -146,11 +154,12 @@ void StatusBar::DpiChanged(unsigned dpi) {
 
 void StatusBar::ScaleTo(unsigned dpi) {
   m_dpi = dpi;
-  OwnedFont font = StatusBarFont(dpi);
+  const LongestClockTexts texts(m_formats);
+  OwnedFont font = StatusBarFont(dpi, texts);
   SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   m_font = std::move(font);
-  const int scale = static_cast<int>(dpi);
-  const std::array<int, kPanelCount> rightEdges = {MulDiv(34, scale, 96), MulDiv(142, scale, 96), -1};
+  const auto [time, date] = ClockPanelEdges(dpi, m_font.Get(), texts);
+  const std::array<int, kPanelCount> rightEdges = {time, date, -1};
   SendMessageW(m_window, SB_SETPARTS, rightEdges.size(), reinterpret_cast<LPARAM>(rightEdges.data()));
 }
 

@@ -12,8 +12,8 @@ class HelpViewer {
   /// Whether the viewer can be given a file of that path.
   virtual bool Takes(const std::wstring& path) = 0;
 
-  /// Opens a help file at its default topic. A file that is none opens nothing.
-  virtual void Show(const std::wstring& path) = 0;
+  /// Opens a help file at its default topic. False when no help window came of it.
+  virtual bool Show(const std::wstring& path) = 0;
 
   /// Closes every help window that this program has opened.
   virtual void CloseAll() = 0;

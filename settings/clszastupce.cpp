@@ -13,6 +13,8 @@ constexpr std::int32_t kDesktop = 0;
 constexpr std::intptr_t kNothingFound = -1;
 constexpr std::int32_t kMove = 1;
 constexpr std::int32_t kDelete = 3;
+// What the shortcuts of this program have always said, as a 16-bit number.
+constexpr std::int16_t kShowWithoutActivating = 4;
 constexpr std::uint16_t kSilent = 0x0004;
 constexpr std::uint16_t kNoConfirmation = 0x0010;
 constexpr std::uint16_t kNoConfirmationOfFolders = 0x0200;
@@ -71,16 +73,25 @@ void clszastupce::MakeShortcut(bool create) {
 
 // What one step refuses does not stop the next: a shortcut without its icon is better than none.
 void clszastupce::SaveShortcut() {
-  const std::wstring target = m_platform.programFolder + L"\\" + m_platform.executableName + L".exe";
+  const ShellLink link{LinkPath(), m_platform.programFolder + L"\\" + m_platform.executableName + L".exe",
+                       m_platform.programFolder, kShowWithoutActivating};
+  // Inside, the scripting host is 8-bit: it would lose the letters, or refuse the path.
+  if (m_platform.shell.IsSpelt(link.path) && m_platform.shell.IsSpelt(link.target)) {
+    SaveThroughScriptingHost(link);
+  } else {
+    m_platform.shell.SaveLink(link);
+  }
+}
+
+void clszastupce::SaveThroughScriptingHost(const ShellLink& link) {
   const auto host = m_platform.automation.Create(L"WScript.Shell");
   if (!host) return;
-  const auto shortcut = host->CallForObject(L"CreateShortcut", LinkPath());
+  const auto shortcut = host->CallForObject(L"CreateShortcut", link.path);
   if (!shortcut) return;
-  shortcut->SetText(L"TargetPath", target);
-  shortcut->SetText(L"WorkingDirectory", m_platform.programFolder);
-  // Show without activating, as a 16-bit number: what the shortcuts of this program have always said.
-  shortcut->SetInteger(L"WindowStyle", 4);
-  shortcut->SetText(L"IconLocation", target);
+  shortcut->SetText(L"TargetPath", link.target);
+  shortcut->SetText(L"WorkingDirectory", link.folder);
+  shortcut->SetInteger(L"WindowStyle", link.windowState);
+  shortcut->SetText(L"IconLocation", link.target);
   shortcut->Call(L"Save");
 }
 

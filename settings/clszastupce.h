@@ -42,6 +42,7 @@ class clszastupce {
   std::wstring DesktopFolder(std::int32_t folder) const;
   void MakeShortcut(bool create);
   void SaveShortcut();
+  void SaveThroughScriptingHost(const ShellLink& link);
   std::int32_t FileOp(std::int32_t operation, const std::wstring& from, const std::wstring& to) const;
   std::intptr_t FileExists(const std::wstring& path) const;
 

@@ -10,12 +10,10 @@ namespace kvez {
 namespace {
 
 HANDLE OpenForAttributes(const std::wstring& path) {
-  // A path that the code page cannot hold, or that is too long for the 8-bit call, is still a good path.
-  const auto bytes = ToSystemCodePageExactly(path);
-  if (bytes && bytes->size() < MAX_PATH) {
-    return CreateFileA(bytes->c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  }
-  return CreateFileW(path.c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  return CallWithPath(
+      path,
+      [](const std::string& bytes) { return CreateFileA(bytes.c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr); },
+      [](const std::wstring& whole) { return CreateFileW(whole.c_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr); });
 }
 
 }  // namespace

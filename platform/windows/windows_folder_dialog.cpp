@@ -19,34 +19,58 @@ using OwnedItemList = Owned<PIDLIST_ABSOLUTE, [](PIDLIST_ABSOLUTE items) { CoTas
 // Folders of the file system only (1), and no machine of the network below its domain (2).
 constexpr UINT kFlags = 3;
 
+template <typename Function>
+Function& Shell32(const char* name) {
+  return RequiredFunction<Function>(L"shell32.dll", name);
+}
+
+template <typename Question, typename Browse, typename Title>
+PIDLIST_ABSOLUTE Ask(Browse& browse, Title title) {
+  Question question{};
+  question.hwndOwner = GetForegroundWindow();
+  question.lpszTitle = title;
+  question.ulFlags = kFlags;
+  const HeldKeysStayOutside heldKeysStayOutside;
+  const ModalScope modal(question.hwndOwner);
+  return browse(&question);
+}
+
+PIDLIST_ABSOLUTE Ask(std::wstring_view prompt) {
+  // Joining with an empty text answers with a pointer to the prompt.
+  return CallWithText(
+      prompt,
+      [](std::string& bytes) {
+        auto& browse = Shell32<decltype(SHBrowseForFolderA)>("SHBrowseForFolderA");
+        return Ask<BROWSEINFOA>(browse, lstrcatA(bytes.data(), ""));
+      },
+      [](std::wstring& whole) {
+        auto& browse = Shell32<decltype(SHBrowseForFolderW)>("SHBrowseForFolderW");
+        return Ask<BROWSEINFOW>(browse, lstrcatW(whole.data(), L""));
+      });
+}
+
 }  // namespace
 
 std::optional<std::wstring> WindowsFolderDialog::Browse(std::wstring_view prompt) {
-  std::string title = ToSystemCodePage(prompt);
-  BROWSEINFOA question{};
-  question.hwndOwner = GetForegroundWindow();
-  // Joining with an empty text answers with a pointer to the prompt.
-  question.lpszTitle = lstrcatA(title.data(), "");
-  question.ulFlags = kFlags;
-  auto& browse = RequiredFunction<decltype(SHBrowseForFolderA)>(L"shell32.dll", "SHBrowseForFolderA");
-  auto& getPath = RequiredFunction<decltype(SHGetPathFromIDListW)>(L"shell32.dll", "SHGetPathFromIDListW");
-  const HeldKeysStayOutside heldKeysStayOutside;
-  const ModalScope modal(question.hwndOwner);
-  const OwnedItemList items(browse(&question));
+  auto& getPath = Shell32<decltype(SHGetPathFromIDListW)>("SHGetPathFromIDListW");
+  const OwnedItemList items(Ask(prompt));
   if (!items) return std::nullopt;
   std::wstring path(kPathBufferLength, L'\0');
-  getPath(items.Get(), path.data());
+  if (!getPath(items.Get(), path.data())) path.assign(kPathBufferLength, L'\0');
   return path;
 }
 
 bool WindowsFolderDialog::IsDirectory(const std::wstring& path) {
-  // A path that the code page cannot hold is still a good path.
-  const auto bytes = ToSystemCodePageExactly(path);
-  if (bytes) {
-    auto& isDirectory = RequiredFunction<decltype(PathIsDirectoryA)>(L"shlwapi.dll", "PathIsDirectoryA");
-    return isDirectory(bytes->c_str()) != FALSE;
-  }
-  return RequiredFunction<decltype(PathIsDirectoryW)>(L"shlwapi.dll", "PathIsDirectoryW")(path.c_str()) != FALSE;
+  return CallWithPath(
+      path,
+      [](const std::string& bytes) {
+        auto& isDirectory = RequiredFunction<decltype(PathIsDirectoryA)>(L"shlwapi.dll", "PathIsDirectoryA");
+        return isDirectory(bytes.c_str()) != FALSE;
+      },
+      [](const std::wstring& whole) {
+        auto& isDirectory = RequiredFunction<decltype(PathIsDirectoryW)>(L"shlwapi.dll", "PathIsDirectoryW");
+        return isDirectory(whole.c_str()) != FALSE;
+      });
 }
 
 }  // namespace kvez

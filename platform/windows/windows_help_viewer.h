@@ -13,9 +13,9 @@ class WindowsHelpViewer : public HelpViewer {
  public:
   explicit WindowsHelpViewer(std::function<HWND()> owner);
 
-  /// The viewer knows 8-bit paths only, of fewer than 260 characters.
+  /// The viewer knows paths of fewer than 260 characters.
   bool Takes(const std::wstring& path) override;
-  void Show(const std::wstring& path) override;
+  bool Show(const std::wstring& path) override;
   void CloseAll() override;
 
  private:

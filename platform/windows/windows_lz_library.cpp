@@ -23,6 +23,7 @@ constexpr std::int32_t kLongPathHandles = 0x40000000;
 /// The system's library, from the first call on.
 struct SystemLz {
   HMODULE library = LoadSystemLibrary(L"lz32.dll");
+  // a-call: OpenFile decides what is called
   decltype(LZOpenFileA)* open = SystemFunction<decltype(LZOpenFileA)>(library, "LZOpenFileA");
   decltype(LZCopy)* copy = SystemFunction<decltype(LZCopy)>(library, "LZCopy");
   decltype(LZClose)* close = SystemFunction<decltype(LZClose)>(library, "LZClose");
@@ -37,32 +38,32 @@ const SystemLz& Lz() {
 
 // Refused a name because somebody holds that file, the system's library makes one with "_" at its end instead. It is
 // asked only for a name that can be had, and what it has made nevertheless goes again.
-INT Make(std::string& path) {
-  const HANDLE probe = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
+INT Make(const std::wstring& path, std::string& bytes) {
+  const HANDLE probe = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
   if (probe == INVALID_HANDLE_VALUE) return HFILE_ERROR;
   CloseHandle(probe);
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
-  const INT handle = Lz().open(path.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
+  const INT handle = Lz().open(bytes.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
   const std::string_view made(opened.szPathName);
-  if (handle < 0 || !made.ends_with('_') || path.ends_with('_')) return handle;
+  if (handle < 0 || !made.ends_with('_') || path.ends_with(L'_')) return handle;
   Lz().close(handle);
-  DeleteFileA(opened.szPathName);
+  DeleteFileW(FromSystemCodePage(made).c_str());
   SetLastError(ERROR_SHARING_VIOLATION);
   return HFILE_ERROR;
 }
 
-INT Open(std::string& path, WORD style) {
+INT Open(std::string& bytes, WORD style) {
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
-  return Lz().open(path.data(), &opened, style);
+  return Lz().open(bytes.data(), &opened, style);
 }
 
 // Refused a file, the system's library looks for one with "_" at its end, and says what was wrong with that one.
-INT OpenForReading(std::string& path) {
-  const INT handle = Open(path, OF_READ | OF_SHARE_DENY_WRITE);
+INT OpenForReading(const std::wstring& path, std::string& bytes) {
+  const INT handle = Open(bytes, OF_READ | OF_SHARE_DENY_WRITE);
   if (handle != HFILE_ERROR) return handle;
-  if (!OwnedFile(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))) {
+  if (!OwnedFile(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))) {
     return HFILE_ERROR;
   }
   SetLastError(ERROR_SHARING_VIOLATION);  // it was held until just now
@@ -85,14 +86,24 @@ std::int32_t ExpectedResult(const std::wstring& path) {
 }  // namespace
 
 std::int32_t WindowsLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
-  auto bytes = ToSystemCodePageExactly(path);
-  if (!bytes || bytes->size() >= OFS_MAXPATHNAME || !Lz().IsThere()) {
-    const std::int32_t handle = m_longPaths.OpenFile(path, mode);
-    return handle < 0 || mode == LzMode::Delete ? handle : handle + kLongPathHandles;
-  }
+  return CallWithPath(
+      path,
+      [&](std::string& bytes) {
+        const bool isTaken = bytes.size() < OFS_MAXPATHNAME && Lz().IsThere();
+        return isTaken ? OpenThroughSystem(path, bytes, mode) : OpenLongPath(path, mode);
+      },
+      [&](const std::wstring&) { return OpenLongPath(path, mode); });
+}
+
+std::int32_t WindowsLzLibrary::OpenLongPath(const std::wstring& path, LzMode mode) {
+  const std::int32_t handle = m_longPaths.OpenFile(path, mode);
+  return handle < 0 || mode == LzMode::Delete ? handle : handle + kLongPathHandles;
+}
+
+std::int32_t WindowsLzLibrary::OpenThroughSystem(const std::wstring& path, std::string& bytes, LzMode mode) {
   // What cannot be deleted now is deleted by the program that holds it.
-  if (mode == LzMode::Delete) return Open(*bytes, OF_DELETE);
-  const auto open = [&] { return mode == LzMode::Create ? Make(*bytes) : OpenForReading(*bytes); };
+  if (mode == LzMode::Delete) return Open(bytes, OF_DELETE);
+  const auto open = [&] { return mode == LzMode::Create ? Make(path, bytes) : OpenForReading(path, bytes); };
   const INT handle = m_patience.OpenPatiently(open, INT{HFILE_ERROR});
   if (handle < 0) return handle;
   try {

@@ -21,6 +21,9 @@ class WindowsLzLibrary : public LzLibrary {
   void Close(std::int32_t handle) override;
 
  private:
+  std::int32_t OpenLongPath(const std::wstring& path, LzMode mode);
+  std::int32_t OpenThroughSystem(const std::wstring& path, std::string& bytes, LzMode mode);
+
   Patience m_patience;
   LongPathLzLibrary m_longPaths;
   std::unordered_map<std::int32_t, std::wstring> m_open;  // the system's handles and the paths behind them

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/windows/short_path.h"
 #include "platform/windows/system_code_page.h"
 #include "platform/windows/system_library.h"
 
@@ -22,11 +23,10 @@ constexpr std::uint32_t kNotSupported = 26;
 std::optional<std::string> MailPath(const std::wstring& path, std::wstring_view delimiter) {
   const auto said = [delimiter](const std::wstring& candidate) -> std::optional<std::string> {
     if (candidate.find(delimiter) != std::wstring::npos) return std::nullopt;
-    return ToSystemCodePageExactly(candidate);
+    return PathToSystemCodePage(candidate);
   };
   if (auto bytes = said(path)) return bytes;
-  std::wstring shortPath(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
-  shortPath.resize(GetShortPathNameW(path.c_str(), shortPath.data(), static_cast<DWORD>(shortPath.size())));
+  const std::wstring shortPath = ShortPath(path);
   return shortPath.empty() ? std::nullopt : said(shortPath);
 }
 
@@ -57,8 +57,8 @@ std::uint32_t WindowsMailClient::SendDocuments(std::wstring_view delimiter, std:
   if (sendDocuments == nullptr) return kNotSupported;
   auto fileBytes = MailPath(std::wstring(file), delimiter);
   if (!fileBytes) return kFailure;
-  std::string delimiterBytes = ToSystemCodePage(delimiter);
-  std::string nameBytes = ToSystemCodePage(displayNames);
+  std::string delimiterBytes = ToBytesForOthers(delimiter);
+  std::string nameBytes = ToBytesForOthers(displayNames);
   return sendDocuments(reinterpret_cast<ULONG_PTR>(GetForegroundWindow()), delimiterBytes.data(), fileBytes->data(),
                        nameBytes.data(), 0);
 }

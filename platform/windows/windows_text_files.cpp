@@ -48,7 +48,7 @@ bool WriteAside(const std::wstring& path, const std::string& bytes) {
 }  // namespace
 
 void WindowsTextFiles::Write(const std::wstring& path, std::wstring_view text) {
-  const std::string bytes = ToSystemCodePage(text);
+  const std::string bytes = ToBytesForOthers(text);
   if (!WriteAside(path, bytes)) WriteOver(path, bytes);
 }
 

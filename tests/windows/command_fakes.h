@@ -29,13 +29,17 @@ class FakeDownloader : public Downloader {
 class FakeHelpViewer : public HelpViewer {
  public:
   bool Takes(const std::wstring&) override { return takes; }
-  void Show(const std::wstring& path) override { shown.push_back(path); }
+  bool Show(const std::wstring& path) override {
+    shown.push_back(path);
+    return opens;
+  }
   void CloseAll() override {
     ++closings;
     if (onCloseAll) onCloseAll();
   }
 
   bool takes = true;
+  bool opens = true;
   std::vector<std::wstring> shown;
   int closings = 0;
   std::function<void()> onCloseAll;  // what the world looks like while the program closes

@@ -36,7 +36,7 @@ class HelpWindows : public testing::Test {
 
 TEST_F(HelpWindows, OpenWithTheTitleOfTheHelpAndClose) {
   ASSERT_TRUE(std::filesystem::exists(help)) << "kvez.chm is not built: is fp-utils-3.2.2 installed?";
-  viewer.Show(help.wstring());
+  EXPECT_TRUE(viewer.Show(help.wstring()));
   EXPECT_TRUE(WaitWithMessages(true));
   EXPECT_EQ(WindowText(HelpWindow()), L"Kvez – nápověda");
   viewer.CloseAll();
@@ -48,7 +48,7 @@ TEST_F(HelpWindows, TakeThePathsThatTheViewerCanBeGiven) {
   EXPECT_TRUE(viewer.Takes(L"C:\\" + folder + L"\\kvez.chm"));  // 259 characters and a NUL
   EXPECT_FALSE(viewer.Takes(L"C:\\" + folder + L"a\\kvez.chm"));
   EXPECT_TRUE(viewer.Takes(L"C:\\Žluťoučký kůň\\kvez.chm"));
-  EXPECT_FALSE(viewer.Takes(L"C:\\日本\\kvez.chm"));
+  EXPECT_TRUE(viewer.Takes(L"C:\\日本\\kvez.chm"));
 }
 
 // The longest path that it is given opens, too.
@@ -75,8 +75,20 @@ TEST_F(HelpWindows, OpenFromTheDeepestFolder) {
   std::filesystem::remove_all(first);
 }
 
+TEST_F(HelpWindows, OpenFromAFolderThatTheCodePageCannotName) {
+  ASSERT_TRUE(std::filesystem::exists(help)) << "kvez.chm is not built: is fp-utils-3.2.2 installed?";
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / L"kvez 日本";
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy_file(help, folder / "kvez.chm", std::filesystem::copy_options::overwrite_existing);
+  EXPECT_TRUE(viewer.Show((folder / "kvez.chm").wstring()));
+  EXPECT_TRUE(WaitWithMessages(true));
+  viewer.CloseAll();
+  EXPECT_TRUE(WaitWithMessages(false));
+  std::filesystem::remove_all(folder);
+}
+
 TEST_F(HelpWindows, AMissingFileOpensNothing) {
-  viewer.Show(L"C:\\neni\\kvez.chm");
+  EXPECT_FALSE(viewer.Show(L"C:\\neni\\kvez.chm"));
   EXPECT_EQ(HelpWindow(), nullptr);
   viewer.CloseAll();
 }

@@ -361,10 +361,20 @@ TEST_F(MainWindowHelp, FolderThatTheViewerCannotTakeIsSaid) {
   frmhlavni& window = OpenWatched();
   Click(window.tlHNapoveda);
   ASSERT_EQ(m_machine.messages.messages.size(), 1U);
-  EXPECT_EQ(m_machine.messages.messages[0].text,
-            L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá nebo obsahuje neznámé znaky.");
+  EXPECT_EQ(m_machine.messages.messages[0].text, L"Nápovědu nelze otevřít: cesta ke složce programu je příliš dlouhá.");
   EXPECT_THAT(m_machine.messages.questions, IsEmpty());
   EXPECT_THAT(m_commands.help.shown, IsEmpty());
+}
+
+TEST_F(MainWindowHelp, AViewerThatOpensNothingIsSaid) {
+  CreateHelp();
+  m_commands.help.opens = false;
+  frmhlavni& window = OpenWatched();
+  Click(window.tlHNapoveda);
+  ASSERT_EQ(m_machine.messages.messages.size(), 1U);
+  EXPECT_EQ(m_machine.messages.messages[0].text, L"Nápovědu se nepodařilo otevřít.");
+  EXPECT_EQ(m_machine.messages.messages[0].caption, L"Kvez");
+  EXPECT_EQ(status->Text(), L"");
 }
 
 TEST_F(MainWindowHelp, F1OpensIt) {

@@ -101,6 +101,12 @@ TEST(SystemTextFiles, WriteTheSystemCodePage) {
   EXPECT_EQ(folder.Read("soubor.txt"), "\x8e\xef\xe1r\r\n\xa9 \xe8");
 }
 
+TEST(SystemTextFiles, WriteAQuestionMarkForWhatNoCodePageHas) {
+  const TemporaryFolder folder;
+  WindowsTextFiles().Write((folder.Path() / "soubor.txt").wstring(), L"日 Žďár ｒ");
+  EXPECT_EQ(folder.Read("soubor.txt"), "? \x8e\xef\xe1r ?");
+}
+
 // What the disk calls the file, whatever its name.
 std::uint64_t Identity(const std::filesystem::path& path) {
   const OwnedFile file(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,

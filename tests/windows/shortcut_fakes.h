@@ -48,12 +48,18 @@ class FakeShell : public Shell {
     operations.push_back(std::to_wstring(operation) + L"|" + from + L"|" + to + L"|" + std::to_wstring(flags));
     return 0;
   }
+  bool IsSpelt(const std::wstring& path) override { return path.find(L'日') == std::wstring::npos; }
+  bool SaveLink(const ShellLink& link) override {
+    links.push_back(link);
+    return true;
+  }
 
   std::wstring desktop = L"C:\\Plocha";
   std::set<std::wstring> existing;
   std::vector<std::int32_t> folders;
   std::vector<std::wstring> searches;
   std::vector<std::wstring> operations;
+  std::vector<ShellLink> links;
 };
 
 /// Notes every step of making a shortcut; the steps named in `refused` fail.

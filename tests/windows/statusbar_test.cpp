@@ -90,6 +90,40 @@ TEST(StatusBarFontTest, StopsAtTheSmallestReadableHeight) {
   EXPECT_EQ(FittingFontHeight(9, 11, 50, ruler), 9);
 }
 
+/// A language with long names for its days.
+class LongDays : public PortableFormats {
+ public:
+  std::wstring Date(const DateTime& value, std::wstring_view picture) override {
+    std::wstring text = PortableFormats::Date(value, picture);
+    return picture.starts_with(L"dddd") ? L"Donnerstagabend" + text.substr(text.find(L',')) : text;
+  }
+};
+
+TEST(StatusBarFontTest, WhereTheSmallestFontIsStillTooWideThePanelIsWider) {
+  LongDays formats;
+  const LongestClockTexts texts(formats);
+  for (const unsigned dpi : {96U, 144U}) {
+    const OwnedFont font = StatusBarFont(dpi, texts);
+    const auto [time, date] = ClockPanelEdges(dpi, font.Get(), texts);
+    const OwnedMemoryContext context(CreateCompatibleDC(nullptr));
+    const ObjectSelection selection(context.Get(), font.Get());
+    SIZE size{};
+    const std::wstring longest = L"Donnerstagabend, 24.12.2026";
+    GetTextExtentPoint32W(context.Get(), longest.c_str(), static_cast<int>(longest.size()), &size);
+    EXPECT_EQ(time, MulDiv(34, static_cast<int>(dpi), 96));
+    EXPECT_GE(date - time, size.cx + 6);
+    EXPECT_GT(date, MulDiv(142, static_cast<int>(dpi), 96));
+  }
+}
+
+TEST(StatusBarFontTest, AWideFontWidensBothPanelsOfTheClock) {
+  PortableFormats formats;
+  const OwnedFont font(CreateFontW(-30, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma"));
+  const auto [time, date] = ClockPanelEdges(96, font.Get(), LongestClockTexts(formats));
+  EXPECT_GT(time, 34 + 20);
+  EXPECT_GT(date, 142 + 100);
+}
+
 TEST_F(StatusBarTest, ClockIsWrittenAtOnce) {
   bar.Create(window.Handle(), false);
   EXPECT_EQ(Text(0), L" 9:05");
@@ -136,10 +170,10 @@ TEST_F(StatusBarTest, SetTextWritesCzechTextWithItsFlags) {
   EXPECT_EQ(Flags(2), SBT_POPOUT);
 }
 
-TEST_F(StatusBarTest, SetTextGoesThroughTheSystemCodePage) {
+TEST_F(StatusBarTest, SetTextKeepsWhatTheSystemCodePageLacks) {
   bar.Create(window.Handle(), false);
   bar.SetText(L"語", 2, 0);
-  EXPECT_EQ(Text(2), L"?");
+  EXPECT_EQ(Text(2), L"語");
 }
 
 TEST_F(StatusBarTest, LongTextsStayWhole) {

@@ -35,6 +35,22 @@ TEST_F(ZastupceRules, CreatingTakesTheDesignedSteps) {
   EXPECT_THAT(settings.writes, ElementsAre(L"zástupce=True"));
 }
 
+// Inside, the scripting host is 8-bit.
+TEST_F(ZastupceRules, PathsThatTheCodePageLosesGoPastTheScriptingHost) {
+  const std::wstring japanese = L"D:\\日本";
+  clszastupce({settings, shell, automation, japanese, L"kvez"}).zZastupcePlocha(true);
+  shell.desktop = L"C:\\日本";
+  Shortcut().zZastupcePlocha(true);
+  EXPECT_THAT(automation.steps, IsEmpty());
+  ASSERT_EQ(shell.links.size(), 2U);
+  EXPECT_EQ(shell.links[0].path, kLink);
+  EXPECT_EQ(shell.links[0].target, L"D:\\日本\\kvez.exe");
+  EXPECT_EQ(shell.links[0].folder, japanese);
+  EXPECT_EQ(shell.links[0].windowState, 4);
+  EXPECT_EQ(shell.links[1].path, L"C:\\日本\\Kvez.lnk");
+  EXPECT_THAT(settings.writes, ElementsAre(L"zástupce=True", L"zástupce=True"));
+}
+
 TEST_F(ZastupceRules, AnExistingShortcutIsSavedAnew) {
   shell.existing.insert(kLink);
   Shortcut().zZastupcePlocha(true);

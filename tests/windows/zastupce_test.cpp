@@ -29,6 +29,7 @@ std::filesystem::path Desktop() {
 
 struct LinkContent {
   std::wstring target;
+  std::wstring item;  // the target by its place in the shell; its path has an 8-bit form in the file
   std::wstring folder;
   std::int32_t showCommand = 0;
 };
@@ -47,6 +48,9 @@ std::optional<LinkContent> ReadLink(const std::filesystem::path& path) {
     }
     wchar_t text[MAX_PATH] = {};
     if (loaded && SUCCEEDED(link->GetPath(text, MAX_PATH, nullptr, SLGP_RAWPATH))) content.target = text;
+    PIDLIST_ABSOLUTE items = nullptr;
+    if (loaded && link->GetIDList(&items) == S_OK && SHGetPathFromIDListW(items, text)) content.item = text;
+    CoTaskMemFree(items);
     if (loaded && SUCCEEDED(link->GetWorkingDirectory(text, MAX_PATH))) content.folder = text;
     link->Release();
   }
@@ -80,6 +84,24 @@ class Zastupce : public testing::Test {
 TEST_F(Zastupce, TheDesktopIsTheShells) { EXPECT_EQ(shell.SpecialFolder(0), Desktop().wstring()); }
 
 TEST_F(Zastupce, AnUnknownFolderIsEmpty) { EXPECT_EQ(shell.SpecialFolder(0x7FFF), L""); }
+
+// The computer, which is no folder of the file system: its path is no row of blanks.
+TEST_F(Zastupce, AFolderWithoutAPathIsEmpty) { EXPECT_EQ(shell.SpecialFolder(CSIDL_DRIVES), L""); }
+
+TEST_F(Zastupce, SaysTheSameWhereTheCodePageLosesThePath) {
+  folder = std::filesystem::temp_directory_path() / L"Kvez 日本";
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder / "kvez.exe") << "MZ";
+  Shortcut().zZastupcePlocha(true);
+  const auto content = ReadLink(link);
+  std::filesystem::remove_all(folder);
+  ASSERT_TRUE(content.has_value());
+  EXPECT_EQ(content->item, (folder / L"kvez.exe").wstring());
+  EXPECT_EQ(content->folder, folder.wstring());
+  EXPECT_EQ(content->showCommand, 4);
+  Shortcut().zZastupcePlocha(false);
+  EXPECT_FALSE(std::filesystem::exists(link));
+}
 
 TEST_F(Zastupce, IsCreatedWithTargetFolderAndWindowState) {
   Shortcut().zZastupcePlocha(true);

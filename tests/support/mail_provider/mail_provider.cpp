@@ -6,9 +6,9 @@
 
 namespace {
 
-std::string Setting(const char* name) {
-  char value[1024] = {};
-  GetEnvironmentVariableA(name, value, sizeof value);
+std::wstring Setting(const wchar_t* name) {
+  wchar_t value[1024] = {};
+  GetEnvironmentVariableW(name, value, sizeof value / sizeof *value);
   return value;
 }
 
@@ -21,11 +21,11 @@ extern "C" __declspec(dllexport) ULONG WINAPI
   const std::string record = std::to_string(window) + "\n" + Text(delimiter) + "\n" + Text(files) + "\n" + Text(names) +
                              "\n" + std::to_string(reserved) + "\n";
   const HANDLE file =
-      CreateFileA(Setting("KVEZ_MAIL_RECORD").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+      CreateFileW(Setting(L"KVEZ_MAIL_RECORD").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
   DWORD written = 0;
   WriteFile(file, record.data(), static_cast<DWORD>(record.size()), &written, nullptr);
   CloseHandle(file);
   SetCurrentDirectoryA("C:\\windows");
-  const std::string result = Setting("KVEZ_MAIL_RESULT");
+  const std::wstring result = Setting(L"KVEZ_MAIL_RESULT");
   return result.empty() ? 0 : std::stoul(result);
 }
