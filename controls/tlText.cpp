@@ -96,14 +96,7 @@ forms::AccessibleDescription tlText::Describe() const {
   forms::AccessibleDescription description = Control::Describe();
   if (!description.name) description.name = forms::WithoutAccessKeys(m_caption);
   description.role = ROLE_SYSTEM_PUSHBUTTON;
-  LONG state = 0;
-  if (!IsWindowVisible(Handle())) state |= STATE_SYSTEM_INVISIBLE;
-  if (!IsWindowEnabled(Handle())) {
-    state |= STATE_SYSTEM_UNAVAILABLE;
-  } else {
-    state |= STATE_SYSTEM_FOCUSABLE;
-  }
-  if (m_run.HasFocus.IsTrue()) state |= STATE_SYSTEM_FOCUSED;
+  LONG state = AccessibleState();
   if (m_run.IsDown.IsTrue()) state |= STATE_SYSTEM_PRESSED;
   if (m_run.IsOver.IsTrue()) state |= STATE_SYSTEM_HOTTRACKED;
   if (OwnerForm().DefaultButton() == this) state |= STATE_SYSTEM_DEFAULT;

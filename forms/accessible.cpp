@@ -176,7 +176,45 @@ bool IsEmpty(const AccessibleDescription& description) {
          !description.value && !description.role && !description.state;
 }
 
+// The import libraries do not know these, nor do all headers.
+constexpr IID kIAccPropServices = {0x6e26e776, 0x04f0, 0x495d, {0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e, 0x31, 0x69}};
+constexpr CLSID kAccPropServices = {0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd, 0x00, 0xb4, 0xa5, 0xe7}};
+constexpr GUID kLiveSettingProperty = {0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
+constexpr LONG kPolite = 1;
+
+/// The component libraries, for as long as the object lives.
+class ComponentScope {
+ public:
+  ComponentScope() : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  ComponentScope(const ComponentScope&) = delete;
+  ComponentScope& operator=(const ComponentScope&) = delete;
+  ~ComponentScope() {
+    if (m_entered) CoUninitialize();
+  }
+
+ private:
+  bool m_entered;
+};
+
 }  // namespace
+
+void MakeLiveRegion(HWND window) {
+  const ComponentScope components;
+  void* object = nullptr;
+  if (FAILED(CoCreateInstance(kAccPropServices, nullptr, CLSCTX_INPROC_SERVER, kIAccPropServices, &object))) {
+    return;
+  }
+  auto* const services = static_cast<IAccPropServices*>(object);
+  VARIANT polite{};
+  polite.vt = VT_I4;
+  polite.lVal = kPolite;
+  services->SetHwndProp(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, kLiveSettingProperty, polite);
+  services->Release();
+}
+
+void NotifyLiveRegionChanged(HWND window) {
+  NotifyWinEvent(kLiveRegionChangedEvent, window, OBJID_CLIENT, CHILDID_SELF);
+}
 
 std::optional<LRESULT> AnswerGetObject(Control& control, const std::shared_ptr<Control*>& life, WPARAM wParam,
                                        LPARAM lParam) {

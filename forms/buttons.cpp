@@ -1,5 +1,7 @@
 #include "forms/buttons.h"
 
+#include <oleacc.h>
+
 #include <vector>
 
 #include "forms/form.h"
@@ -56,6 +58,13 @@ bool OptionButton::IsReachable(const Control* leaving) const {
     if (other->EventControl::IsReachable(leaving)) return other == this;
   }
   return true;
+}
+
+AccessibleDescription OptionButton::Describe() const {
+  AccessibleDescription description = EventControl::Describe();
+  description.role = ROLE_SYSTEM_RADIOBUTTON;
+  description.state = AccessibleState() | (Value() ? STATE_SYSTEM_CHECKED : 0);
+  return description;
 }
 
 bool OptionButton::AccessKeyPress(std::int16_t) {
@@ -120,6 +129,13 @@ void CheckBox::SetValue(std::int16_t value) {
   if (Handle() == nullptr || wanted == Value()) return;
   Native(BM_SETCHECK, wanted == 1 ? BST_CHECKED : BST_UNCHECKED);
   if (Click) Click();
+}
+
+AccessibleDescription CheckBox::Describe() const {
+  AccessibleDescription description = EventControl::Describe();
+  description.role = ROLE_SYSTEM_CHECKBUTTON;
+  description.state = AccessibleState() | (Value() != 0 ? STATE_SYSTEM_CHECKED : 0);
+  return description;
 }
 
 bool CheckBox::AccessKeyPress(std::int16_t) {

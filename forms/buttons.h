@@ -25,6 +25,7 @@ class OptionButton : public EventControl {
 
   bool AccessKeyPress(std::int16_t KeyAscii) override;
   bool IsReachable(const Control* leaving = nullptr) const override;
+  AccessibleDescription Describe() const override;
   bool MoveInGroup(WPARAM virtualKey) override;
   void OnCommand(UINT notification) override;
 
@@ -48,6 +49,7 @@ class CheckBox : public EventControl {
 
   PlainEvent Click;
 
+  AccessibleDescription Describe() const override;
   bool AccessKeyPress(std::int16_t KeyAscii) override;
   void OnCommand(UINT notification) override;
 };

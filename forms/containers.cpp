@@ -26,6 +26,13 @@ void Frame::Create(Container& container, int id, const Place& place, std::wstrin
   Finish();
 }
 
+AccessibleDescription Frame::Describe() const {
+  AccessibleDescription description = Control::Describe();
+  description.role = ROLE_SYSTEM_GROUPING;
+  description.state = AccessibleState();
+  return description;
+}
+
 LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (const auto reflected = Reflect(message, wParam, lParam)) return *reflected;
   switch (message) {
@@ -130,6 +137,8 @@ COLORREF PictureBox::DefaultForeColor() const { return GetSysColor(COLOR_HIGHLIG
 
 AccessibleDescription PictureBox::Describe() const {
   AccessibleDescription description = EventControl::Describe();
+  description.role = ROLE_SYSTEM_PANE;
+  description.state = AccessibleState();
   if (!m_isProgressBar) return description;
   float filled = 0;
   for (const Filled& rectangle : m_filled) filled = std::max(filled, rectangle.right);

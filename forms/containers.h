@@ -15,6 +15,8 @@ class Frame : public Control, public Container {
   Form& OwnerForm() override { return Control::OwnerForm(); }
   HWND ContainerHandle() const override { return Handle(); }
 
+  AccessibleDescription Describe() const override;
+
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };

@@ -1,5 +1,7 @@
 #include "forms/control.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 
 #include "forms/access_key.h"
@@ -206,6 +208,18 @@ AccessibleDescription Control::Describe() const {
   if (!m_accessibleName.empty()) description.name = m_accessibleName;
   if (!m_toolTipText.empty()) description.description = m_toolTipText;
   return description;
+}
+
+LONG Control::AccessibleState() const {
+  LONG state = 0;
+  if (!IsWindowVisible(Handle())) state |= STATE_SYSTEM_INVISIBLE;
+  if (!IsWindowEnabled(Handle())) {
+    state |= STATE_SYSTEM_UNAVAILABLE;
+  } else if (m_tabStop) {
+    state |= STATE_SYSTEM_FOCUSABLE;
+  }
+  if (HasKeyboardFocus()) state |= STATE_SYSTEM_FOCUSED;
+  return state;
 }
 
 void Control::OnCommand(UINT) {}

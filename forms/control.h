@@ -175,6 +175,9 @@ class Control : public Window {
   HBRUSH BackBrush() const;
   HCURSOR m_customPointer = nullptr;  // not owned
 
+  /// STATE_SYSTEM_...: whether the control is seen, can be used and has the keyboard. For Describe.
+  LONG AccessibleState() const;
+
   /// Lets the whole control be painted when the loop comes to it; a hidden one is painted anyway when it is shown.
   void Invalidate();
   /// Applies place and font for the form's scaling.

@@ -1,7 +1,11 @@
 #include "forms/label.h"
 
-#include <algorithm>
+#include <oleacc.h>
 
+#include <algorithm>
+#include <utility>
+
+#include "forms/accessible.h"
 #include "forms/form.h"
 #include "forms/text_ruler.h"
 
@@ -44,10 +48,31 @@ std::wstring Label::Caption() const {
 void Label::SetCaption(std::wstring_view caption) {
   // The same text again would only flicker.
   const std::wstring before = Caption();
+  m_announced.clear();
   if (Handle() == nullptr || before == caption) return;
   Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(std::wstring(caption).c_str()));
   if (Visible() && before.empty() && !caption.empty()) ShowWindow(Handle(), SW_SHOWNA);
   RenewToolTip();
+}
+
+void Label::Announce(std::wstring_view more) {
+  if (Handle() == nullptr || !m_isLiveRegion) return;
+  m_announced = more.empty() ? std::wstring() : Caption() + L", " + std::wstring(more);
+  NotifyLiveRegionChanged(Handle());
+}
+
+AccessibleDescription Label::Describe() const {
+  AccessibleDescription description = EventControl::Describe();
+  if (!m_announced.empty()) description.name = m_announced;
+  description.role = ROLE_SYSTEM_STATICTEXT;
+  description.state = AccessibleState() | STATE_SYSTEM_READONLY;
+  return description;
+}
+
+LRESULT Label::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  // Only when somebody looks: whoever has no screen reader does not wait for it.
+  if (message == WM_GETOBJECT && m_isLiveRegion && !std::exchange(m_isKnownAsLive, true)) MakeLiveRegion(Handle());
+  return EventControl::OnMessage(message, wParam, lParam);
 }
 
 std::wstring Label::ShownToolTip() const {

@@ -22,12 +22,24 @@ class Label : public EventControl {
   std::wstring Caption() const;
   void SetCaption(std::wstring_view caption);
 
+  /// Makes the label a live region, which screen readers say when Announce tells them to, wherever the focus is.
+  void SetIsLiveRegion(bool liveRegion) { m_isLiveRegion = liveRegion; }
+  /// Has the caption of a live region said, and `more` behind it. Until the next caption both are its name.
+  void Announce(std::wstring_view more = {});
+
   std::wstring ShownToolTip() const override;
+  AccessibleDescription Describe() const override;
   bool HasAccessKey(wchar_t character) const override;
   bool AccessKeyPress(std::int16_t KeyAscii) override;
 
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
  private:
   bool m_accessKey = false;
+  std::wstring m_announced;  // the caption with more; empty where it is the caption alone
+  bool m_isLiveRegion = false;
+  bool m_isKnownAsLive = false;  // to the system
 };
 
 }  // namespace kvez::forms

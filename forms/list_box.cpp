@@ -1,5 +1,7 @@
 #include "forms/list_box.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 #include <new>
 #include <utility>
@@ -132,6 +134,13 @@ int ListBox::FindString(std::wstring_view text) const {
   if (Handle() == nullptr) return -1;
   return static_cast<int>(
       Native(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(std::wstring(text).c_str())));
+}
+
+AccessibleDescription ListBox::Describe() const {
+  AccessibleDescription description = EventControl::Describe();
+  description.role = ROLE_SYSTEM_LIST;
+  description.state = AccessibleState();
+  return description;
 }
 
 void ListBox::OnCommand(UINT notification) {

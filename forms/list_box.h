@@ -56,6 +56,7 @@ class ListBox : public EventControl {
   PlainEvent ContextMenuKey;
 
   bool HasAccessKey(wchar_t) const override { return false; }
+  AccessibleDescription Describe() const override;
   void OnCommand(UINT notification) override;
 
  protected:

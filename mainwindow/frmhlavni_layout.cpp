@@ -94,6 +94,7 @@ void frmhlavni::CreateMessagePanel() {
   lblZpravaI.Create(picMPSCPI, kLblZpravaI, {150, 165, 4350, kLineHeight});
   picZpravaI.Create(picMPSCPI, kPicZpravaI, {150, 480, 4320, 270}, forms::PictureBorder::Sunken);
   picZpravaI.SetIsProgressBar(true);
+  picZpravaI.SetAccessibleName(L"Průběh");
 }
 
 void frmhlavni::DesignAboutPanel() {
@@ -111,12 +112,14 @@ void frmhlavni::DesignAboutPanel() {
 
 void frmhlavni::CreateAboutPanel() {
   fraMPSCO.Create(*this, kFraMPSCO, {kLeftColumn, 0, 6255, 4035});
+  fraMPSCO.SetAccessibleName(L"O aplikaci");
   for (std::size_t i = 0; i < Label1to3.size(); ++i) {
     const int line = static_cast<int>(i);
     Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + kLineHeight * line, 5895, kLineHeight});
   }
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
   Text1.SetText(kAboutText);
+  Text1.SetAccessibleName(L"Popis aplikace");
   constexpr int kPitch = 1500;  // the last one ends where the text above ends
   constexpr int kWidth = 1395;
   int left = 180;
@@ -144,6 +147,7 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListDistricts].SetAccessibleName(L"Okresy");
   lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
   lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, kCountTop, kColumnWidth, kLineHeight});
+  lblPSCV[0].SetIsLiveRegion(true);
   lblPSCV[0].SetToolTipText(L"Počet položek v seznamu.");
   txtMPSC[0].Create(*this, kTxtMPSC, {kLeftColumn, 3390, kColumnWidth, 285});
   txtMPSC[0].SetAccessibleName(L"Vyhledej");
@@ -173,6 +177,7 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListResult].SetAccessibleName(L"Nalezené obce");
   lstMPSC[kListResult].SetToolTipText(L"Po stisknutí pravého tlačítka myši se zobrazí nabídka.");
   lblPSCV[1].Create(*this, kLblPSCV + 1, {kRightColumn, kCountTop, kColumnWidth, kLineHeight});
+  lblPSCV[1].SetIsLiveRegion(true);
   lblPSCV[1].SetToolTipText(L"Počet nalezených obcí.");
 
   constexpr std::array<const wchar_t*, 2> kHeadings = {L"Obec", L"Okres"};

@@ -30,6 +30,8 @@ void frmhlavni::lstMPSC_Click(std::size_t index) {
       return;
   }
   txtMPSC[0].SetText(m_database.pscPSCObec());
+  // The focus stays in the list, whose row is only the name.
+  if (lstMPSC[index].ListIndex() >= 0) lblPSCV[index].Announce(m_database.pscPSCObec());
   lblNPSCHT[0].SetCaption(m_database.pscObec());
   lblNPSCHT[1].SetCaption(m_database.pscOkres());
 }

@@ -191,6 +191,7 @@ void frmhlavni::VyhledejSeznam() {
     txtMPSC[0].SetFocus();
   }
   lblPSCV[1].SetCaption(m_database.pVybran());
+  lblPSCV[1].Announce();
   ForgetRow(kListResult);
   UpdatePanel();
   ShowSearchOffer(text);
@@ -211,6 +212,7 @@ void frmhlavni::VyhledejPSC() {
 void frmhlavni::ShowSearchResult(const std::wstring& description) {
   lblMPSCN.SetCaption(description);
   lblPSCV[1].SetCaption(m_database.pVybran());
+  lblPSCV[1].Announce();
   ForgetRow(kListResult);
   UpdatePanel();
 }
