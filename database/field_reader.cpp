@@ -22,27 +22,4 @@ std::string_view FieldReader::CountedText() {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-MunicipalityFields ReadMunicipality(FieldReader& reader) {
-  MunicipalityFields fields{};
-  fields.code = reader.Int32();
-  fields.name = reader.CountedText();
-  fields.district = reader.CountedText();
-  return fields;
-}
-
-PostOfficeFields ReadPostOffice(FieldReader& reader) {
-  PostOfficeFields fields{};
-  fields.code = reader.Int32();
-  fields.name = reader.CountedText();
-  return fields;
-}
-
-DistrictFields ReadDistrict(FieldReader& reader) {
-  DistrictFields fields{};
-  // The other two files begin with 32 bits; this one has 16, with a sign.
-  fields.code = reader.Int16();
-  fields.name = reader.CountedText();
-  return fields;
-}
-
 }  // namespace kvez

@@ -34,23 +34,4 @@ class FieldReader {
   std::uint64_t m_position = 0;
 };
 
-/// One record of each file, in the order of its fields.
-struct MunicipalityFields {
-  std::int32_t code;
-  std::string_view name;
-  std::string_view district;
-};
-struct PostOfficeFields {
-  std::int32_t code;
-  std::string_view name;
-};
-struct DistrictFields {
-  std::int32_t code;
-  std::string_view name;
-};
-
-MunicipalityFields ReadMunicipality(FieldReader& reader);
-PostOfficeFields ReadPostOffice(FieldReader& reader);
-DistrictFields ReadDistrict(FieldReader& reader);
-
 }  // namespace kvez

@@ -75,7 +75,7 @@ bool ReadRecords(const DataFolder& folder, const DataFile& file, ProgressWindow&
   FieldReader reader(*bytes);
   ProgressCadence cadence(reader.Length());
   while (!reader.AtEnd()) {
-    appendRecord(reader);
+    appendRecord(ReadRecord(reader, file.record));
     if (cadence.Step()) window.Prubech(cadence.Fraction(reader.Position()));
     if (reader.Overrun()) return false;
   }
@@ -97,15 +97,14 @@ std::optional<List> WholeOrNothing(Read read) {
 std::optional<MunicipalityList> ReadMunicipalityList(const DataFolder& folder, ProgressWindow& window) {
   return WholeOrNothing<MunicipalityList>([&](MunicipalityList& list) {
     return ReadRecords(folder, kMunicipalityFile, window,
-                       [&list](FieldReader& reader) { list.push_back(ReadMunicipality(reader)); });
+                       [&list](const RecordFields& fields) { list.push_back(fields); });
   });
 }
 
 std::optional<PostOfficeList> ReadPostOfficeList(const DataFolder& folder, ProgressWindow& window) {
   return WholeOrNothing<PostOfficeList>([&](PostOfficeList& list) {
     std::string copy;
-    const bool sound = ReadRecords(folder, kPostOfficeFile, window, [&](FieldReader& reader) {
-      const PostOfficeFields fields = ReadPostOffice(reader);
+    const bool sound = ReadRecords(folder, kPostOfficeFile, window, [&](const RecordFields& fields) {
       tclsdodavaci record;
       record.tpPSC(fields.code);
       record.tpDodavaci(FromWindows1250(WithoutControls(fields.name, copy)));
@@ -119,8 +118,7 @@ std::optional<PostOfficeList> ReadPostOfficeList(const DataFolder& folder, Progr
 std::optional<DistrictList> ReadDistrictList(const DataFolder& folder, ProgressWindow& window) {
   return WholeOrNothing<DistrictList>([&](DistrictList& list) {
     std::string copy;
-    return ReadRecords(folder, kDistrictFile, window, [&](FieldReader& reader) {
-      const DistrictFields fields = ReadDistrict(reader);
+    return ReadRecords(folder, kDistrictFile, window, [&](const RecordFields& fields) {
       tclsokresy record;
       record.tpscoKod(fields.code);
       record.tpscoOkres(FromWindows1250(WithoutControls(fields.name, copy)));

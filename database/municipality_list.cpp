@@ -4,7 +4,7 @@
 
 namespace kvez {
 
-void MunicipalityList::push_back(const MunicipalityFields& fields) {
+void MunicipalityList::push_back(const RecordFields& fields) {
   const std::size_t names = m_names.size();
   const std::size_t keys = m_keys.size();
   try {

@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "database/field_reader.h"
 #include "database/name_keys.h"
+#include "database/record_layout.h"
 #include "database/records.h"
 #include "text/windows1250.h"
 
@@ -20,7 +20,7 @@ namespace kvez {
 class MunicipalityList {
  public:
   /// Control characters in the names become blanks. An exception leaves the list as it was.
-  void push_back(const MunicipalityFields& fields);
+  void push_back(const RecordFields& fields);
   void pop_back();
 
   std::size_t size() const { return m_entries.size(); }

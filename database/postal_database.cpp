@@ -1,9 +1,8 @@
 #include "database/postal_database.h"
 
-#include <set>
-
 #include "database/application.h"
 #include "database/data_files.h"
+#include "database/loose_ends.h"
 #include "database/progress_cadence.h"
 #include "database/status_text.h"
 #include "text/numeric_text.h"
@@ -39,13 +38,6 @@ void Release(List& list, std::int32_t& count, std::int32_t& index, ProgressWindo
 }
 
 std::wstring SettingKey(std::int16_t number) { return L"nastavení" + std::to_wstring(number); }
-
-std::wstring CountOfMunicipalities(Formats& formats, std::int32_t count) {
-  const wchar_t* noun = L" obcí";
-  if (count == 1) noun = L" obec";
-  if (count >= 2 && count <= 4) noun = L" obce";
-  return GroupedNumber(formats, count) + noun;
-}
 
 }  // namespace
 
@@ -142,24 +134,22 @@ DateTime PostalDatabase::pscDatabazeZeDne() const {
 }
 
 std::wstring PostalDatabase::pscNesoulad() const {
-  std::set<std::wstring_view> districts;
-  for (const tclsokresy& district : m_districts) districts.insert(district.tpscoOkres());
-  std::vector<bool> isKnown;
-  for (const std::wstring& name : m_municipalities.Districts()) isKnown.push_back(districts.count(name) > 0);
-  std::int32_t withoutPostOffice = 0;
-  std::int32_t withoutDistrict = 0;
+  ListKeys<std::wstring_view> keys;
   for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
-    if (!m_postOffices.index.First(m_municipalities.Code(i))) ++withoutPostOffice;
-    if (!isKnown[m_municipalities.DistrictIndex(i)]) ++withoutDistrict;
+    const std::wstring& district = m_municipalities.Districts()[m_municipalities.DistrictIndex(i)];
+    keys.municipalities.emplace_back(m_municipalities.Code(i), district);
   }
-  if (m_postOffices.offices.empty()) withoutPostOffice = 0;
-  if (m_districts.empty()) withoutDistrict = 0;
+  for (const tclsdodavaci& office : m_postOffices.offices) keys.postOffices.push_back(office.tpPSC());
+  for (const tclsokresy& district : m_districts) keys.districts.push_back(district.tpscoOkres());
+  const LooseEnds ends = keys.Count();
+  const auto withoutPostOffice = static_cast<std::int32_t>(ends.municipalitiesWithoutPostOffice);
+  const auto withoutDistrict = static_cast<std::int32_t>(ends.municipalitiesInNoDistrict);
 
   std::wstring counts;
-  if (withoutPostOffice > 0) {
+  if (withoutPostOffice > 0 && !m_postOffices.offices.empty()) {
     counts = CountOfMunicipalities(m_platform.formats, withoutPostOffice) + L" bez pošty";
   }
-  if (withoutDistrict > 0) {
+  if (withoutDistrict > 0 && !m_districts.empty()) {
     if (!counts.empty()) counts += L", ";
     counts += CountOfMunicipalities(m_platform.formats, withoutDistrict) + L" bez okresu";
   }

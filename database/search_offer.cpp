@@ -43,12 +43,6 @@ std::wstring PlainLetters(std::wstring_view text) {
   return plain;
 }
 
-std::wstring CountText(Formats& formats, std::int32_t count) {
-  std::wstring text = GroupedNumber(formats, count);
-  text += count == 1 ? L" obec" : count <= 4 ? L" obce" : L" obcí";
-  return text;
-}
-
 std::wstring Begins(std::wstring_view text) { return std::wstring(text) + L"*"; }
 
 class NameOffer {
@@ -59,7 +53,7 @@ class NameOffer {
   std::wstring ForFound(std::wstring_view text, std::int32_t found) const {
     const std::int32_t more = Count(NameMode::BeginsWith, text);
     if (more / kMuchMore < found) return {};
-    return Begins(text) + L" najde " + CountText(m_formats, more) + L".";
+    return Begins(text) + L" najde " + CountOfMunicipalities(m_formats, more) + L".";
   }
 
   std::wstring ForNothing(std::wstring_view text) const {
@@ -84,7 +78,7 @@ class NameOffer {
 
   std::wstring Try(const std::wstring& pattern, std::int32_t count) const {
     if (count == 0) return {};
-    return L"Nic nenalezeno. Zkuste " + pattern + L" (" + CountText(m_formats, count) + L").";
+    return L"Nic nenalezeno. Zkuste " + pattern + L" (" + CountOfMunicipalities(m_formats, count) + L").";
   }
 
   // Praha-Bohnice: the list may have the part under its own name. Frýdek-Místek is no part but a whole municipality

@@ -14,6 +14,13 @@ std::wstring Joined(std::wstring_view before, std::wstring_view number, std::wst
 
 std::wstring GroupedNumber(Formats& formats, std::int32_t number) { return formats.Number(number, L"#,##0"); }
 
+std::wstring CountOfMunicipalities(Formats& formats, std::int32_t count) {
+  const wchar_t* noun = L" obcí";
+  if (count == 1) noun = L" obec";
+  if (count >= 2 && count <= 4) noun = L" obce";
+  return GroupedNumber(formats, count) + noun;
+}
+
 std::wstring StatusText(Formats& formats, std::int32_t count, std::int32_t cursor, const CountSentences& sentences) {
   if (count == 0 && cursor == 0) return L"Seznam je prázdný.";
   // A released list whose cursor still stands somewhere has nothing to say.

@@ -14,6 +14,9 @@ inline constexpr std::wstring_view kCodePicture = L"000\\ 00";
 /// A whole number in digit groups.
 std::wstring GroupedNumber(Formats& formats, std::int32_t number);
 
+/// "1 obec", "4 obce", "1 204 obcí".
+std::wstring CountOfMunicipalities(Formats& formats, std::int32_t count);
+
 /// The sentences for 1, for 2 to 4, and for more. The count stands between the two halves of the last two.
 struct CountSentences {
   std::wstring_view one;

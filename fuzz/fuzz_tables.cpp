@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/field_reader.h"
+#include "database/record_layout.h"
 #include "fuzz/require.h"
 #include "platform/portable/szdd.h"
 #include "text/utf8.h"
@@ -37,7 +37,7 @@ void ParseTable(Tables& tables, std::size_t table, const Bytes& bytes, const std
 
 void CheckMunicipalities(const Tables& tables, FieldReader& reader) {
   for (const MunicipalityRow& row : tables.municipalities) {
-    const MunicipalityFields fields = ReadMunicipality(reader);
+    const RecordFields fields = ReadRecord(reader, kMunicipalityRecord);
     Require(fields.code == row.code && FromWindows1250(fields.name) == row.name &&
                 FromWindows1250(fields.district) == row.district,
             "the data file has the municipality");
@@ -46,14 +46,14 @@ void CheckMunicipalities(const Tables& tables, FieldReader& reader) {
 
 void CheckPostOffices(const Tables& tables, FieldReader& reader) {
   for (const PostOfficeRow& row : tables.postOffices) {
-    const PostOfficeFields fields = ReadPostOffice(reader);
+    const RecordFields fields = ReadRecord(reader, kPostOfficeRecord);
     Require(fields.code == row.code && FromWindows1250(fields.name) == row.name, "the data file has the post office");
   }
 }
 
 void CheckDistricts(const Tables& tables, FieldReader& reader) {
   for (const DistrictRow& row : tables.districts) {
-    const DistrictFields fields = ReadDistrict(reader);
+    const RecordFields fields = ReadRecord(reader, kDistrictRecord);
     Require(fields.code == row.code && FromWindows1250(fields.name) == row.name, "the data file has the district");
   }
 }

@@ -1,8 +1,6 @@
 // kvezdata build: the project's tables become the program's data files.
 
-#include <algorithm>
-#include <unordered_set>
-
+#include "database/loose_ends.h"
 #include "tools/commands.h"
 #include "tools/data_file_bytes.h"
 #include "tools/tables.h"
@@ -12,17 +10,14 @@ namespace kvez {
 namespace {
 
 /// Rows that the program would show wrongly or not find, without any of the files being damaged.
-std::string LooseEnds(const Tables& tables) {
-  std::unordered_set<std::int32_t> codes;
-  for (const PostOfficeRow& row : tables.postOffices) codes.insert(row.code);
-  std::unordered_set<std::wstring> districts;
-  for (const DistrictRow& row : tables.districts) districts.insert(row.name);
-  const auto& rows = tables.municipalities;
-  const auto without = [&](auto missing) { return std::to_string(std::count_if(rows.begin(), rows.end(), missing)); };
-  return "municipalities without a post office: " +
-         without([&](const MunicipalityRow& row) { return !codes.contains(row.code); }) +
-         "\nmunicipalities in no listed district: " +
-         without([&](const MunicipalityRow& row) { return !districts.contains(row.district); }) + "\n";
+std::string LooseEndsOf(const Tables& tables) {
+  ListKeys<std::wstring_view> keys;
+  for (const MunicipalityRow& row : tables.municipalities) keys.municipalities.emplace_back(row.code, row.district);
+  for (const PostOfficeRow& row : tables.postOffices) keys.postOffices.push_back(row.code);
+  for (const DistrictRow& row : tables.districts) keys.districts.push_back(row.name);
+  const LooseEnds ends = keys.Count();
+  return "municipalities without a post office: " + std::to_string(ends.municipalitiesWithoutPostOffice) +
+         "\nmunicipalities in no listed district: " + std::to_string(ends.municipalitiesInNoDistrict) + "\n";
 }
 
 std::string Report(const Tables& tables, const std::vector<NewFile>& files) {
@@ -34,7 +29,7 @@ std::string Report(const Tables& tables, const std::vector<NewFile>& files) {
   add(tables.municipalities.size(), "municipalities", files[0]);
   add(tables.postOffices.size(), "post offices", files[1]);
   add(tables.districts.size(), "districts", files[2]);
-  return report + LooseEnds(tables);
+  return report + LooseEndsOf(tables);
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
 // kvezdata check: reads the program's data files and says what is wrong with them.
 
-#include <algorithm>
 #include <array>
 #include <map>
-#include <set>
-#include <span>
 #include <string_view>
 
-#include "database/field_reader.h"
+#include "database/data_files.h"
+#include "database/loose_ends.h"
+#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "text/windows1250.h"
 #include "tools/commands.h"
@@ -18,21 +17,13 @@
 namespace kvez {
 namespace {
 
-enum class Field { Code32, Code16, Name, District };
-
-struct Layout {
-  std::string_view file;
+struct List {
+  const DataFile& file;
   const char* records;
-  std::span<const Field> fields;
 };
 
-constexpr std::array kMunicipalityFields = {Field::Code32, Field::Name, Field::District};
-constexpr std::array kPostOfficeFields = {Field::Code32, Field::Name};
-constexpr std::array kDistrictFields = {Field::Code16, Field::Name};
-constexpr std::string_view kDistrictFile = "vd3.kl_";
-constexpr std::array<Layout, 3> kLayouts = {{{"vd1.kl_", "municipalities", kMunicipalityFields},
-                                             {"vd2.kl_", "post offices", kPostOfficeFields},
-                                             {kDistrictFile, "districts", kDistrictFields}}};
+constexpr std::array<List, 3> kLists = {
+    {{kMunicipalityFile, "municipalities"}, {kPostOfficeFile, "post offices"}, {kDistrictFile, "districts"}}};
 
 constexpr std::int32_t kGreatestCode = 99999;
 
@@ -45,11 +36,8 @@ struct Record {
 /// The records of one file. Throws ToolError with the place where it stops making sense.
 class RecordReader {
  public:
-  RecordReader(const std::filesystem::path& folder, const Layout& layout)
-      : m_layout(layout),
-        m_path(Shown(folder / layout.file)),
-        m_bytes(ReadWholeFile(folder / layout.file)),
-        m_compressed(IsSzdd(m_bytes)) {
+  RecordReader(const std::filesystem::path& path, RecordLayout layout)
+      : m_layout(layout), m_path(Shown(path)), m_bytes(ReadWholeFile(path)), m_compressed(IsSzdd(m_bytes)) {
     if (m_bytes.empty()) throw ToolError(m_path + ": offset 0: the file is empty; at least one record was expected");
     if (!m_compressed) return;
     SzddResult result = ExpandSzdd(m_bytes);
@@ -57,7 +45,9 @@ class RecordReader {
       throw ToolError(m_path + ": offset " + std::to_string(result.offset) + ": " + result.error);
     }
     m_bytes = std::move(result.bytes);
-    if (m_bytes.empty()) throw ToolError(m_path + ": offset 10: it declares 0 bytes; at least one record was expected");
+    if (m_bytes.empty())
+      throw ToolError(m_path + ": offset " + std::to_string(kSzddLengthOffset) +
+                      ": it declares 0 bytes; at least one record was expected");
   }
 
   std::vector<Record> Read() const {
@@ -69,28 +59,15 @@ class RecordReader {
 
  private:
   Record ReadRecord(FieldReader& reader, std::size_t number) const {
-    Record record;
-    for (const Field field : m_layout.fields) {
+    RecordFields record;
+    for (const Field field : m_layout) {
       const std::uint64_t begin = reader.Position();
-      switch (field) {
-        case Field::Code32:
-          record.code = reader.Int32();
-          break;
-        case Field::Code16:
-          record.code = reader.Int16();
-          break;
-        case Field::Name:
-          record.name = reader.CountedText();
-          break;
-        case Field::District:
-          record.district = reader.CountedText();
-          break;
-      }
+      ReadField(reader, field, record);
       if (reader.Overrun()) FailAtEnd(number, field, begin, reader);
       const std::string fault = ValueFault(record, field);
       if (!fault.empty()) Fail(number, begin, "the " + std::string(NameOf(field)) + " " + fault);
     }
-    return record;
+    return {record.code, std::string(record.name), std::string(record.district)};
   }
 
   static std::string_view NameOf(Field field) {
@@ -98,7 +75,7 @@ class RecordReader {
   }
 
   /// What the program would take as it is, but nobody could have meant.
-  static std::string ValueFault(const Record& record, Field field) {
+  static std::string ValueFault(const RecordFields& record, Field field) {
     if (field == Field::Name) return NameFault(FromWindows1250(record.name));
     if (field == Field::District) return NameFault(FromWindows1250(record.district));
     if (record.code >= 0 && record.code <= kGreatestCode) return {};
@@ -124,13 +101,13 @@ class RecordReader {
     Fail(number, begin, expected + " was expected where " + std::to_string(left) + " bytes are left");
   }
 
-  const Layout& m_layout;
+  RecordLayout m_layout;
   std::string m_path;
   Bytes m_bytes;
   bool m_compressed;
 };
 
-using Lists = std::array<std::vector<Record>, kLayouts.size()>;
+using Lists = std::array<std::vector<Record>, kLists.size()>;
 
 /// Refuses a district that has two codes: the program would list it twice, each time with the municipalities of both.
 void ExpectOneCodeADistrict(const std::vector<Record>& districts, const std::string& path) {
@@ -149,11 +126,13 @@ void ExpectOneCodeADistrict(const std::vector<Record>& districts, const std::str
 Lists ReadLists(const std::filesystem::path& folder, std::ostream& out) {
   Lists lists;
   std::string damage;
-  for (std::size_t i = 0; i < kLayouts.size(); ++i) {
+  for (std::size_t i = 0; i < kLists.size(); ++i) {
+    const DataFile& file = kLists[i].file;
+    const std::filesystem::path path = folder / PathFromText(std::wstring(file.Name()));
     try {
-      lists[i] = RecordReader(folder, kLayouts[i]).Read();
-      if (kLayouts[i].file == kDistrictFile) ExpectOneCodeADistrict(lists[i], Shown(folder / kDistrictFile));
-      out << kLayouts[i].records << ": " << lists[i].size() << '\n';
+      lists[i] = RecordReader(path, file.record).Read();
+      if (&file == &kDistrictFile) ExpectOneCodeADistrict(lists[i], Shown(path));
+      out << kLists[i].records << ": " << lists[i].size() << '\n';
     } catch (const ToolError& error) {
       damage.append(damage.empty() ? "" : "\n").append(error.what());
     }
@@ -163,33 +142,20 @@ Lists ReadLists(const std::filesystem::path& folder, std::ostream& out) {
   return lists;
 }
 
-/// How many of `records` have a key that none of `others` has.
-template <class Key, class OtherKey>
-std::size_t CountWithout(const std::vector<Record>& records, Key key, const std::vector<Record>& others,
-                         OtherKey otherKey) {
-  std::set<std::decay_t<decltype(key(records.front()))>> known;
-  for (const Record& other : others) known.insert(otherKey(other));
-  return static_cast<std::size_t>(std::count_if(records.begin(), records.end(),
-                                                [&](const Record& record) { return !known.contains(key(record)); }));
-}
-
 /// What does not hang together: a municipality that is shown without its post office or found in no district, and what
 /// no municipality leads to, which files of different times have.
 std::size_t PrintLooseEnds(const Lists& lists, std::ostream& out) {
-  const auto code = [](const Record& record) { return record.code; };
-  const auto name = [](const Record& record) { return record.name; };
-  const auto district = [](const Record& record) { return record.district; };
   const auto& [municipalities, offices, districts] = lists;
-  std::size_t all = 0;
-  const auto print = [&](const char* what, std::size_t count) {
-    out << what << ": " << count << '\n';
-    all += count;
-  };
-  print("municipalities without a post office", CountWithout(municipalities, code, offices, code));
-  print("municipalities in no listed district", CountWithout(municipalities, district, districts, name));
-  print("post offices without a municipality", CountWithout(offices, code, municipalities, code));
-  print("districts without a municipality", CountWithout(districts, name, municipalities, district));
-  return all;
+  ListKeys<std::string_view> keys;
+  for (const Record& record : municipalities) keys.municipalities.emplace_back(record.code, record.district);
+  for (const Record& record : offices) keys.postOffices.push_back(record.code);
+  for (const Record& record : districts) keys.districts.push_back(record.name);
+  const LooseEnds ends = keys.Count();
+  out << "municipalities without a post office: " << ends.municipalitiesWithoutPostOffice
+      << "\nmunicipalities in no listed district: " << ends.municipalitiesInNoDistrict
+      << "\npost offices without a municipality: " << ends.postOfficesWithoutMunicipality
+      << "\ndistricts without a municipality: " << ends.districtsWithoutMunicipality << '\n';
+  return ends.All();
 }
 
 }  // namespace

@@ -1,50 +1,13 @@
 #include "tools/data_file_bytes.h"
 
+#include "database/data_files.h"
+#include "platform/portable/portable_path.h"
 #include "platform/portable/szdd.h"
 #include "text/windows1250.h"
 #include "tools/tool.h"
 
 namespace kvez {
 namespace {
-
-void AppendNumber(Bytes& bytes, std::uint32_t value, unsigned width) {
-  for (unsigned i = 0; i < width; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-}
-
-void AppendText(Bytes& bytes, const std::wstring& text) {
-  const std::string letters = ToWindows1250(text);
-  AppendNumber(bytes, static_cast<std::uint32_t>(letters.size()), 2);
-  bytes.insert(bytes.end(), letters.begin(), letters.end());
-}
-
-Bytes MunicipalityBytes(const std::vector<MunicipalityRow>& rows) {
-  Bytes bytes;
-  for (const MunicipalityRow& row : rows) {
-    AppendNumber(bytes, static_cast<std::uint32_t>(row.code), 4);
-    AppendText(bytes, row.name);
-    AppendText(bytes, row.district);
-  }
-  return bytes;
-}
-
-Bytes PostOfficeBytes(const std::vector<PostOfficeRow>& rows) {
-  Bytes bytes;
-  for (const PostOfficeRow& row : rows) {
-    AppendNumber(bytes, static_cast<std::uint32_t>(row.code), 4);
-    AppendText(bytes, row.name);
-  }
-  return bytes;
-}
-
-Bytes DistrictBytes(const std::vector<DistrictRow>& rows) {
-  Bytes bytes;
-  for (const DistrictRow& row : rows) {
-    // The other two files begin with 32 bits; this one has 16, with a sign.
-    AppendNumber(bytes, static_cast<std::uint16_t>(row.code), 2);
-    AppendText(bytes, row.name);
-  }
-  return bytes;
-}
 
 NewFile Compressed(const std::filesystem::path& path, Bytes plain) {
   // The last letter of "vd1.bin".
@@ -54,12 +17,28 @@ NewFile Compressed(const std::filesystem::path& path, Bytes plain) {
           }};
 }
 
+std::string DistrictOf(const MunicipalityRow& row) { return ToWindows1250(row.district); }
+template <class Row>
+std::string DistrictOf(const Row&) {
+  return {};
+}
+
+template <class Row>
+NewFile DataFileOf(const std::vector<Row>& rows, const DataFile& file, const std::filesystem::path& folder) {
+  Bytes plain;
+  for (const Row& row : rows) {
+    const std::string name = ToWindows1250(row.name);
+    const std::string district = DistrictOf(row);
+    AppendRecord(plain, file.record, {row.code, name, district});
+  }
+  return Compressed(folder / PathFromText(std::wstring(file.Name())), std::move(plain));
+}
+
 }  // namespace
 
 std::vector<NewFile> DataFiles(const Tables& tables, const std::filesystem::path& folder) {
-  return {Compressed(folder / "vd1.kl_", MunicipalityBytes(tables.municipalities)),
-          Compressed(folder / "vd2.kl_", PostOfficeBytes(tables.postOffices)),
-          Compressed(folder / "vd3.kl_", DistrictBytes(tables.districts))};
+  return {DataFileOf(tables.municipalities, kMunicipalityFile, folder),
+          DataFileOf(tables.postOffices, kPostOfficeFile, folder), DataFileOf(tables.districts, kDistrictFile, folder)};
 }
 
 }  // namespace kvez

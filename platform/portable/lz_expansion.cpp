@@ -8,8 +8,6 @@
 namespace kvez {
 namespace {
 
-constexpr std::size_t kModeOffset = 8;
-
 LzExpansion Whole(std::vector<std::uint8_t> bytes) {
   if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
     return {LzExpansion::kBadValue, {}};
@@ -23,7 +21,7 @@ LzExpansion ExpandAsLibrary(std::vector<std::uint8_t> file) {
   if (!IsSzdd(file)) return Whole(std::move(file));
   SzddResult expanded = ExpandSzdd(file);
   if (expanded.Ok()) return Whole(std::move(expanded.bytes));
-  const bool otherMode = file.size() > kModeOffset && file[kModeOffset] != 'A';
+  const bool otherMode = file.size() > kSzddModeOffset && file[kSzddModeOffset] != kSzddMode;
   return {otherMode ? LzExpansion::kUnknownAlgorithm : LzExpansion::kReadError, {}};
 }
 

@@ -11,11 +11,6 @@
 namespace kvez {
 namespace {
 
-constexpr std::array<std::uint8_t, 8> kSignature = {'S', 'Z', 'D', 'D', 0x88, 0xF0, 0x27, 0x33};
-constexpr std::size_t kModeOffset = 8;
-constexpr std::size_t kLengthOffset = 10;
-constexpr std::size_t kHeaderSize = 14;
-
 constexpr std::size_t kWindow = 4096;
 constexpr std::size_t kFirstWritePosition = 4080;
 constexpr std::size_t kShortestMatch = 3;
@@ -63,7 +58,7 @@ class Expander {
 
   std::span<const std::uint8_t> m_in;
   std::vector<std::uint8_t> m_out;
-  std::size_t m_read = kHeaderSize;
+  std::size_t m_read = kSzddHeaderSize;
   std::size_t m_written = 0;
   std::size_t m_errorOffset = 0;
   std::string m_error;
@@ -253,25 +248,25 @@ std::vector<Item> CheapestItems(std::span<const std::uint8_t> plain) {
 }  // namespace
 
 bool IsSzdd(std::span<const std::uint8_t> file) {
-  return file.size() >= kSignature.size() && std::equal(kSignature.begin(), kSignature.end(), file.begin());
+  return file.size() >= kSzddSignature.size() && std::equal(kSzddSignature.begin(), kSzddSignature.end(), file.begin());
 }
 
 SzddResult ExpandSzdd(std::span<const std::uint8_t> file) {
   const auto fail = [](std::size_t offset, std::string error) { return SzddResult{{}, offset, std::move(error)}; };
-  const std::size_t comparable = std::min(file.size(), kSignature.size());
+  const std::size_t comparable = std::min(file.size(), kSzddSignature.size());
   for (std::size_t i = 0; i < comparable; ++i) {
-    if (file[i] != kSignature[i]) return fail(i, "the SZDD signature was expected");
+    if (file[i] != kSzddSignature[i]) return fail(i, "the SZDD signature was expected");
   }
-  if (file.size() < kHeaderSize) return fail(file.size(), "a header of 14 bytes was expected");
-  if (file[kModeOffset] != 'A') return fail(kModeOffset, "the compression mode 'A' was expected");
+  if (file.size() < kSzddHeaderSize) return fail(file.size(), "a header of 14 bytes was expected");
+  if (file[kSzddModeOffset] != kSzddMode) return fail(kSzddModeOffset, "the compression mode 'A' was expected");
   std::uint32_t declared = 0;
-  for (std::size_t i = 4; i-- > 0;) declared = declared << 8 | file[kLengthOffset + i];
-  const std::uint64_t largest = LargestExpansion(file.size() - kHeaderSize);
+  for (std::size_t i = 4; i-- > 0;) declared = declared << 8 | file[kSzddLengthOffset + i];
+  const std::uint64_t largest = LargestExpansion(file.size() - kSzddHeaderSize);
   // Before anything is allocated: a few bytes must not ask for gigabytes.
   if (declared > largest) {
-    return fail(kLengthOffset, "a length of " + std::to_string(declared) + " is declared where at most " +
-                                   std::to_string(largest) + " was expected of a stream of " +
-                                   std::to_string(file.size() - kHeaderSize) + " bytes");
+    return fail(kSzddLengthOffset, "a length of " + std::to_string(declared) + " is declared where at most " +
+                                       std::to_string(largest) + " was expected of a stream of " +
+                                       std::to_string(file.size() - kSzddHeaderSize) + " bytes");
   }
   return Expander(file, declared).Run();
 }
@@ -280,8 +275,8 @@ std::vector<std::uint8_t> CompressSzdd(std::span<const std::uint8_t> plain, char
   if (std::uint64_t{plain.size()} > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("An SZDD file declares its length in 32 bits.");
   }
-  std::vector<std::uint8_t> file(kSignature.begin(), kSignature.end());
-  file.push_back('A');
+  std::vector<std::uint8_t> file(kSzddSignature.begin(), kSzddSignature.end());
+  file.push_back(kSzddMode);
   file.push_back(static_cast<std::uint8_t>(lastCharacter));
   for (unsigned shift = 0; shift < 32; shift += 8) file.push_back(static_cast<std::uint8_t>(plain.size() >> shift));
 

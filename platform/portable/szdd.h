@@ -1,11 +1,20 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace kvez {
+
+// The header of a compressed file: the signature, the compression mode, the last character of the file's name, the
+// length of what it expands to in 32 bits.
+inline constexpr std::array<std::uint8_t, 8> kSzddSignature = {'S', 'Z', 'D', 'D', 0x88, 0xF0, 0x27, 0x33};
+inline constexpr std::size_t kSzddModeOffset = 8;
+inline constexpr std::uint8_t kSzddMode = 'A';
+inline constexpr std::size_t kSzddLengthOffset = 10;
+inline constexpr std::size_t kSzddHeaderSize = 14;
 
 /// What an expansion came to. On an error `bytes` is empty, `offset` is the 0-based position in the compressed file
 /// where it shows, and `error` says in plain English what was expected there.

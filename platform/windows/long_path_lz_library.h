@@ -12,7 +12,8 @@
 namespace kvez {
 
 /// The expansion library for paths that the system's own cannot take, with the portable expander behind it and the
-/// same answers. A damaged file is copied to nothing.
+/// same answers. It differs from the one that keeps everything in memory in what it opens: the expanded file lies
+/// beside the program, where another program may hold it. A damaged file is copied to nothing.
 class LongPathLzLibrary : public LzLibrary {
  public:
   explicit LongPathLzLibrary(Patience patience = {}) : m_patience(std::move(patience)) {}

@@ -17,10 +17,11 @@ struct List {
   const char* name;
   int file;
   Bytes LoadedDatabase::*bytes;
+  RecordLayout record;
 };
-constexpr List kLists[] = {{"municipalities", 1, &LoadedDatabase::municipalityFile},
-                           {"post-offices", 2, &LoadedDatabase::postOfficeFile},
-                           {"districts", 3, &LoadedDatabase::districtFile}};
+constexpr List kLists[] = {{"municipalities", 1, &LoadedDatabase::municipalityFile, kMunicipalityRecord},
+                           {"post-offices", 2, &LoadedDatabase::postOfficeFile, kPostOfficeRecord},
+                           {"districts", 3, &LoadedDatabase::districtFile, kDistrictRecord}};
 
 LoadedDatabase SoundDatabase() {
   return {
@@ -113,9 +114,7 @@ TEST(CutFiles, EveryByteOfEveryFile) {
     std::vector<std::size_t> ends;
     FieldReader reader(whole);
     while (!reader.AtEnd()) {
-      if (list.file == 1) ReadMunicipality(reader);
-      if (list.file == 2) ReadPostOffice(reader);
-      if (list.file == 3) ReadDistrict(reader);
+      ReadRecord(reader, list.record);
       ends.push_back(static_cast<std::size_t>(reader.Position()));
     }
     ASSERT_EQ(ends.size(), 3U);

@@ -362,12 +362,7 @@ TEST_F(Loading, DuplicateCodesAndStrangeValuesAreTakenAsTheyStand) {
 }
 
 TEST_F(Loading, BytesAreWindows1250) {
-  Bytes bytes;
-  fakes::AppendInteger(bytes, 11000, 4);
-  fakes::AppendInteger(bytes, 3, 2);
-  bytes.insert(bytes.end(), {0x8E, 0xEF, 0xE1});
-  fakes::AppendInteger(bytes, 0, 2);
-  Deliver(1, bytes);
+  Deliver(1, {0xF8, 0x2A, 0, 0, 3, 0, 0x8E, 0xEF, 0xE1, 0, 0});
   database.pscNacti(window);
   database.pscDetail(1);
   EXPECT_EQ(database.pscObec(), L"Žďá");
@@ -416,8 +411,7 @@ TEST_F(Loading, EveryListShowsItsProgress) {
 
 TEST_F(Loading, RecordPastTheEndShowsNoMoreThanAll) {
   Bytes bytes = OnePostOffice();
-  fakes::AppendInteger(bytes, 11000, 4);
-  fakes::AppendInteger(bytes, 0xFFFF, 2);
+  bytes.insert(bytes.end(), {0xF8, 0x2A, 0, 0, 0xFF, 0xFF});
   Deliver(2, bytes);
   database.pscpNacti(window);
   EXPECT_EQ(window.growing, Fractions{1.0F});

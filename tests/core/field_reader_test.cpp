@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/core/data_bytes.h"
+#include "tests/core/fakes.h"
 
 namespace kvez {
 namespace {
@@ -17,35 +17,6 @@ TEST(FieldReader, IntegersAreLittleEndianAndSigned) {
   EXPECT_EQ(reader.Int16(), 0x1234);
   EXPECT_EQ(reader.Int16(), 32767);
   EXPECT_EQ(reader.AtEnd(), true);
-}
-
-TEST(FieldReader, DistrictCodeIsSignExtended) {
-  const Bytes file = {0xFF, 0xFF, 0x01, 0x00, 'A'};
-  FieldReader reader(file);
-  const DistrictFields district = ReadDistrict(reader);
-  EXPECT_EQ(district.code, -1);
-  EXPECT_EQ(district.name, "A");
-  EXPECT_EQ(reader.Position(), 5U);
-}
-
-TEST(FieldReader, RecordsFollowEachOtherFieldByField) {
-  Bytes file;
-  fakes::AppendMunicipality(file, 11000, L"Staré Město", L"Praha");
-  fakes::AppendPostOffice(file, 11000, L"Praha 1");
-  fakes::AppendDistrict(file, 3100, L"Praha");
-  FieldReader reader(file);
-  const MunicipalityFields municipality = ReadMunicipality(reader);
-  EXPECT_EQ(municipality.code, 11000);
-  EXPECT_EQ(municipality.name, "Star\xE9 M\xECsto");
-  EXPECT_EQ(municipality.district, "Praha");
-  const PostOfficeFields postOffice = ReadPostOffice(reader);
-  EXPECT_EQ(postOffice.code, 11000);
-  EXPECT_EQ(postOffice.name, "Praha 1");
-  const DistrictFields district = ReadDistrict(reader);
-  EXPECT_EQ(district.code, 3100);
-  EXPECT_EQ(district.name, "Praha");
-  EXPECT_EQ(reader.AtEnd(), true);
-  EXPECT_EQ(reader.Overrun(), false);
 }
 
 TEST(FieldReader, EmptyTextHasALengthAndNoBytes) {
