@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace kvez {
@@ -20,7 +22,9 @@ struct LzExpansion {
   std::vector<std::uint8_t> bytes;  // none when something is
 };
 
-/// A compressed file expands, any other one stays what it is. A damaged file comes to nothing. Throws std::bad_alloc.
-LzExpansion ExpandAsLibrary(std::vector<std::uint8_t> file);
+/// A compressed file expands, any other one stays what it is. A damaged file, and one that comes to more than
+/// `mostBytes`, comes to nothing. Throws std::bad_alloc.
+LzExpansion ExpandAsLibrary(std::vector<std::uint8_t> file,
+                            std::size_t mostBytes = std::numeric_limits<std::int32_t>::max());
 
 }  // namespace kvez
