@@ -5,19 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms/client_area.h"
 #include "forms/form.h"
 
 namespace kvez::forms {
-namespace {
-
-RECT ClientOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return client;
-}
-
-}  // namespace
-
 void Frame::Create(Container& container, int id, const Place& place, std::wstring_view caption) {
   Parameters parameters = Prepare(container, id, place, BS_GROUPBOX | WS_GROUP | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
   const std::wstring text(caption);

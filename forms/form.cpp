@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/client_area.h"
 #include "forms/dpi.h"
 #include "forms/guard.h"
 #include "forms/input.h"
@@ -33,12 +34,6 @@ DWORD ExtendedStyleOf(BorderStyle border) {
 
 DWORD StyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)); }
 DWORD ExtendedStyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)); }
-
-RECT ClientOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return client;
-}
 
 SIZE SizeOf(HWND window) {
   RECT outer{};

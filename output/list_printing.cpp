@@ -8,7 +8,7 @@
 namespace kvez {
 namespace {
 
-constexpr std::wstring_view kMomentPicture = L"dddd, d.mmmm yyyy \\v H:mm";
+constexpr std::wstring_view kPrintedMomentPicture = L"dddd, d.mmmm yyyy \\v H:mm";
 constexpr std::wstring_view kPagePicture = L"# \\z ";
 constexpr std::wstring_view kPageCountPicture = L"#";
 
@@ -40,7 +40,7 @@ void PrintRows(const std::wstring& heading, ResultRows& rows, ProgressWindow& wi
   list.pageNumber = [&](std::int32_t page, std::int32_t pageCount) {
     return L"Strana " + formats.Number(page, kPagePicture) + formats.Number(pageCount, kPageCountPicture);
   };
-  list.moment = [&] { return formats.Date(output.clock.Now(), kMomentPicture); };
+  list.moment = [&] { return formats.Date(output.clock.Now(), kPrintedMomentPicture); };
   PrintPages(output.printer, list);
 }
 
