@@ -2,14 +2,14 @@
 
 #include <limits>
 
-#include "forms/guard.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
 
 std::int32_t Checked(std::int64_t value) {
   if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
-    throw forms::OverflowError();
+    throw OverflowError();
   }
   return static_cast<std::int32_t>(value);
 }

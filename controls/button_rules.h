@@ -15,7 +15,7 @@ UINT GetEdgeStyle(std::int32_t DEBorder, Boolean DEMove, Boolean IsDown);
 UINT GetEdgeFlags(std::int32_t DEBorder, Boolean DEMove);
 
 /// Half of a length, to the nearest whole number, halves to the even one: 31 gives 16, 29 gives 14. Throws
-/// forms::OverflowError when `total - part` does not fit into 32 bits.
+/// OverflowError when `total - part` does not fit into 32 bits.
 std::int32_t HalfOfRest(std::int32_t total, std::int32_t part);
 
 /// `area` shrunk on all sides so that a text of this size lies in its middle.

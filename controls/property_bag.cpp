@@ -1,6 +1,6 @@
 #include "controls/property_bag.h"
 
-#include "forms/guard.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -11,7 +11,7 @@ Type Read(const std::map<std::wstring, MemoryPropertyBag::Value, std::less<>>& v
   const auto found = values.find(key);
   if (found == values.end()) return defaultValue;
   const Type* const value = std::get_if<Type>(&found->second);
-  if (value == nullptr) throw forms::Error(L"Uložená vlastnost tlačítka má jiný typ.");
+  if (value == nullptr) throw Error(L"Uložená vlastnost tlačítka má jiný typ.");
   return *value;
 }
 

@@ -19,7 +19,7 @@ class PointerPicture;
 using Picture = std::shared_ptr<const PointerPicture>;
 
 /// Where a form keeps the properties of its buttons: one typed value to a key. A read gives `defaultValue` when the key
-/// is absent and throws forms::Error when the value is of another type.
+/// is absent and throws Error when the value is of another type.
 class PropertyBag {
  public:
   virtual ~PropertyBag() = default;

@@ -105,7 +105,7 @@ class tlText : public forms::Control {
   const std::wstring& Caption() const { return m_caption; }
   void SetCaption(std::wstring_view value);
   std::int32_t MousePointer() const { return m_mousePointer; }
-  /// Throws forms::OverflowError outside of 16 bits and changes nothing then.
+  /// Throws OverflowError outside of 16 bits and changes nothing then.
   void SetMousePointer(std::int32_t value);
   const Picture& MouseIcon() const { return m_mouseIcon; }
   void SetMouseIcon(const Picture& value);

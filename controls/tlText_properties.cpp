@@ -3,9 +3,9 @@
 
 #include "controls/pointer_picture.h"
 #include "controls/tlText.h"
-#include "forms/guard.h"
 #include "forms/mouse_pointer.h"
 #include "platform/windows/system_code_page.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -127,7 +127,7 @@ void tlText::SetCaption(std::wstring_view value) {
 
 void tlText::SetMousePointer(std::int32_t value) {
   using Narrow = std::numeric_limits<std::int16_t>;
-  if (value < Narrow::min() || value > Narrow::max()) throw forms::OverflowError();
+  if (value < Narrow::min() || value > Narrow::max()) throw OverflowError();
   m_mousePointer = value;
   Control::SetMousePointer(static_cast<std::int16_t>(value));
   // The notice carries the full name although the bag's key is "MP".

@@ -2,8 +2,9 @@
 
 #include <windows.h>
 
-#include <cstring>
 #include <new>
+
+#include "text/error.h"
 
 namespace kvez::forms {
 namespace {
@@ -18,12 +19,16 @@ bool& IsReporting() {
   return reporting;
 }
 
-std::wstring FromUtf8(const char* text) {
-  const int bytes = static_cast<int>(std::strlen(text));
-  const int size = MultiByteToWideChar(CP_UTF8, 0, text, bytes, nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(size), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text, bytes, wide.data(), size);
-  return wide;
+std::wstring TextOfCurrentException() {
+  try {
+    throw;
+  } catch (const Error& known) {
+    return known.TextWithCode();
+  } catch (const std::bad_alloc&) {
+    return L"Nedostatek paměti.";
+  } catch (...) {
+    return L"Neznámá chyba.";
+  }
 }
 
 void ShowInBox(const std::wstring& text, const std::wstring& title) {
@@ -34,29 +39,11 @@ void ShowInBox(const std::wstring& text, const std::wstring& title) {
 
 void SetGuard(GuardSettings settings) { Settings() = std::move(settings); }
 
-std::wstring ErrorText(const std::exception_ptr& error) {
-  if (Settings().translate) {
-    std::wstring text = Settings().translate(error);
-    if (!text.empty()) return text;
-  }
-  try {
-    std::rethrow_exception(error);
-  } catch (const Error& known) {
-    return known.Text();
-  } catch (const std::bad_alloc&) {
-    return L"Nedostatek paměti.";
-  } catch (const std::exception& known) {
-    return FromUtf8(known.what());
-  } catch (...) {
-    return L"Neznámá chyba.";
-  }
-}
-
 void ReportCurrentException() noexcept {
   if (IsReporting()) return;
   IsReporting() = true;
   try {
-    const std::wstring text = ErrorText(std::current_exception());
+    const std::wstring text = TextOfCurrentException();
     const GuardSettings& settings = Settings();
     (settings.show ? settings.show : ShowInBox)(text, settings.title);
   } catch (...) {

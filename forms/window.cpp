@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "forms/guard.h"
+#include "text/error.h"
 
 namespace kvez::forms {
 namespace {
@@ -50,7 +51,7 @@ void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
   CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
                   place.right, place.bottom, parameters.parent,
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(parameters.id)), ThisModule(), this);
-  if (m_handle == nullptr) throw Error(L"Systém nevytvořil okno.");
+  if (m_handle == nullptr) throw Error(L"Systém nevytvořil okno.", "CreateWindowExW", GetLastError());
 }
 
 void Window::CreateNative(const wchar_t* className, const Parameters& parameters) {
@@ -59,7 +60,7 @@ void Window::CreateNative(const wchar_t* className, const Parameters& parameters
       CreateWindowExW(parameters.extendedStyle, className, parameters.text, parameters.style, place.left, place.top,
                       place.right, place.bottom, parameters.parent,
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(parameters.id)), ThisModule(), nullptr);
-  if (handle == nullptr) throw Error(L"Systém nevytvořil okno.");
+  if (handle == nullptr) throw Error(L"Systém nevytvořil okno.", "CreateWindowExW", GetLastError());
   Attach(handle);
   m_original =
       reinterpret_cast<WNDPROC>(SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "fuzz/require.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/numeric_text.h"
 #include "text/windows1250.h"
 #include "tools/tables.h"

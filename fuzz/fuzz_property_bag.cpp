@@ -11,8 +11,8 @@
 #include <string>
 
 #include "controls/property_bag.h"
-#include "forms/guard.h"
 #include "fuzz/require.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -79,7 +79,7 @@ void CheckRead(const PropertyBag& bag, const Operation& operation, std::optional
     const std::int16_t expected = stored ? stored->value : operation.value;
     Require(Gives(bag, operation, expected), "a read gives the stored value or the default");
     Require(sameType, "a value of another type is an error");
-  } catch (const forms::Error&) {
+  } catch (const Error&) {
     Require(!sameType, "a value of the same type is no error");
   }
 }

@@ -7,7 +7,7 @@
 #include "fuzz/require.h"
 #include "tests/core/loaded_database.h"
 #include "tests/core/reference.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {

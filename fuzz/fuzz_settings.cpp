@@ -10,7 +10,7 @@
 #include "postal/clspsc.h"
 #include "settings/boolean_text.h"
 #include "tests/core/fakes.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/numeric_text.h"
 #include "text/utf8.h"
 #include "text/windows1250.h"

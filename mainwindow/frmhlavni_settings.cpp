@@ -4,7 +4,7 @@
 
 #include "database/application.h"
 #include "mainwindow/frmhlavni.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 

@@ -1,9 +1,9 @@
 #include "mainwindow/list_menu.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "platform/windows/system_code_page.h"
+#include "text/error.h"
 
 namespace kvez {
 
@@ -40,7 +40,7 @@ bool Append(HMENU menu, const ListMenuRow& row) {
 OwnedMenu CreateListMenu() {
   OwnedMenu menu(CreatePopupMenu());
   for (const ListMenuRow& row : ListMenuRows()) {
-    if (!Append(menu.Get(), row)) throw std::runtime_error("The system makes no menu.");
+    if (!Append(menu.Get(), row)) throw Error(L"Nabídku se nepodařilo otevřít.", "AppendMenuW", GetLastError());
   }
   return menu;
 }

@@ -21,7 +21,7 @@ struct ListMenuRow {
 /// The rows in the order in which they are shown.
 std::span<const ListMenuRow> ListMenuRows();
 
-/// The menu with all rows. Throws std::runtime_error when the system makes none.
+/// The menu with all rows. Throws Error when the system makes none.
 OwnedMenu CreateListMenu();
 
 /// What is asked before a command; empty for a number that is none.

@@ -24,7 +24,6 @@
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_version_information.h"
 #include "postal/clspsc.h"
-#include "text/conversion_error.h"
 
 namespace kvez {
 namespace {
@@ -76,20 +75,6 @@ class Module1 {
 
 }  // namespace
 
-std::wstring TextOfCoreError(const std::exception_ptr& error) {
-  try {
-    std::rethrow_exception(error);
-  } catch (const ConversionError& conversion) {
-    return conversion.Text();
-  } catch (const MissingFunction& missing) {
-    return missing.Text();
-  } catch (const SettingsRefused& refused) {
-    return refused.Text();
-  } catch (...) {
-    return {};
-  }
-}
-
 int Main() {
   UseSystemLibrariesOnly();
   const std::wstring title(kApplicationTitle);
@@ -99,7 +84,7 @@ int Main() {
     ShowRunningInstance();
     return 0;
   }
-  forms::SetGuard({.title = title, .translate = &TextOfCoreError, .show = {}});
+  forms::SetGuard({.title = title, .show = {}});
   int status = 1;
   forms::Guarded([&status] {
     Module1 module;

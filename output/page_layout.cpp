@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
+
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -76,10 +77,10 @@ void PrintFoot(Printer& printer, const PrintedList& list, double rowHeight, cons
 }  // namespace
 
 PagePlan PlanPages(std::int32_t rows, double textHeight) {
-  if (rows < 1) throw std::runtime_error("There is nothing to print.");
+  if (rows < 1) throw Error(L"Není co tisknout.");
   // To the nearest whole number, a half to the even neighbour: the default rounding.
   const double rowsPerPage = std::nearbyint(kRowsHeight / textHeight);
-  if (!(textHeight > 0) || rowsPerPage < 1) throw std::runtime_error("A row does not fit on a page.");
+  if (!(textHeight > 0) || rowsPerPage < 1) throw Error(L"Řádek se na stránku nevejde.");
   PagePlan plan;
   plan.rowsPerPage = static_cast<std::int32_t>(std::min<double>(rowsPerPage, kMostRowsPerPage));
   if (rows <= plan.rowsPerPage) {

@@ -17,7 +17,7 @@ struct PagePlan {
   std::int32_t pageCount = 0;
 };
 
-/// `textHeight` is the height of the 10-point text in millimetres. Throws std::runtime_error when there are no rows or
+/// `textHeight` is the height of the 10-point text in millimetres. Throws Error when there are no rows or
 /// a row does not fit on a page.
 PagePlan PlanPages(std::int32_t rows, double textHeight);
 

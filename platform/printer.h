@@ -20,7 +20,7 @@ inline constexpr int kPortrait = 1;
 inline constexpr int kPaperA4 = 9;
 
 /// The system's default printer. Positions count from the top left corner of the printable area, in the unit of the
-/// settings. Everything but Reset throws std::runtime_error when there is no printer or it refuses.
+/// settings. Everything but Reset throws Error when there is no printer or it refuses.
 class Printer {
  public:
   virtual ~Printer() = default;

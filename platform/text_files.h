@@ -14,7 +14,7 @@ class TextFiles {
   /// Creates the file, or replaces the one that is there, with `text` as it stands. A character that both code pages
   /// lack becomes a question mark. The one that is there stays whole until the new one is, also when the program
   /// ends in the middle or the disk is full; only where nothing can take its name it is written itself. Throws
-  /// std::runtime_error when the text cannot be written.
+  /// Error when the text cannot be written.
   virtual void Write(const std::wstring& path, std::wstring_view text) = 0;
 };
 

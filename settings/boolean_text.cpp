@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {

@@ -28,7 +28,7 @@ class clszastupce {
   void zStop();
 
   /// The recorded wish; false when nothing is recorded. The getter throws ConversionError when what is stored is
-  /// neither True nor False, the setter std::runtime_error when the store refuses.
+  /// neither True nor False, the setter Error when the store refuses.
   bool zZastupceRegistr() const;
   void zZastupceRegistr(bool wanted);
 

@@ -8,7 +8,7 @@
 #include "forms/dpi.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {

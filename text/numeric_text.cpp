@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/quoted.h"
 
 namespace kvez {

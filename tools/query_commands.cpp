@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/fold.h"
 #include "text/utf8.h"
 #include "tools/commands.h"

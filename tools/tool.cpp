@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/portable/portable_path.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/utf8.h"
 #include "tools/commands.h"
 #include "tools/files.h"
@@ -81,7 +81,7 @@ std::string CurrentFailure() {
     throw;
   } catch (const ToolError& failure) {
     return failure.what();
-  } catch (const ConversionError& failure) {
+  } catch (const Error& failure) {
     return ToUtf8(failure.Text());
   } catch (const std::bad_alloc&) {
     return "there is not enough memory";

@@ -1,11 +1,13 @@
 #include "platform/windows/system_library.h"
 
+#include "text/error.h"
+
 namespace kvez {
 
-MissingFunction::MissingFunction(const wchar_t* library, const char* function)
-    : std::runtime_error("A function of the system is missing."),
-      m_text(L"V systému chybí knihovna „" + std::wstring(library) + L"“ nebo její funkce „" +
-             std::wstring(function, function + std::strlen(function)) + L"“.") {}
+void ThrowMissing(const wchar_t* library, const char* function) {
+  throw Error(L"V systému chybí knihovna „" + std::wstring(library) + L"“ nebo její funkce „" +
+              std::wstring(function, function + std::strlen(function)) + L"“.");
+}
 
 void UseSystemLibrariesOnly() {
   // Not the working folder, which Windows 7 would look into.

@@ -3,21 +3,9 @@
 #include <windows.h>
 
 #include <cstring>
-#include <stdexcept>
 #include <string>
 
 namespace kvez {
-
-/// A library of the system, or a function of one, that this system has not. `Text` is a sentence for the user.
-class MissingFunction : public std::runtime_error {
- public:
-  MissingFunction(const wchar_t* library, const char* function);
-
-  const std::wstring& Text() const { return m_text; }
-
- private:
-  std::wstring m_text;
-};
 
 /// From now on libraries that are named without a folder are looked for in the system's own folder only, by the
 /// system's libraries too, as far as the system can do that. To be called before anything else.
@@ -42,13 +30,16 @@ Function* SystemFunction(HMODULE library, const char* name) {
   return function;
 }
 
+/// Throws the Error of a library of the system, or a function of one, that this system has not.
+[[noreturn]] void ThrowMissing(const wchar_t* library, const char* function);
+
 /// A function that comes into the process with its first call: RequiredFunction<decltype(F)>(L"library.dll", "F")(...).
 /// Naming it in the program's imports would leave it to the loader where the library is taken from, and would end the
-/// process where there is none. Throws MissingFunction.
+/// process where there is none. Throws Error.
 template <typename Function>
 Function& RequiredFunction(const wchar_t* library, const char* name) {
   const auto function = SystemFunction<Function>(LoadSystemLibrary(library), name);
-  if (function == nullptr) throw MissingFunction(library, name);
+  if (function == nullptr) ThrowMissing(library, name);
   return *function;
 }
 

@@ -4,9 +4,8 @@
 
 #include <oleauto.h>
 
-#include <stdexcept>
-
 #include "platform/windows/owned.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -18,8 +17,9 @@ std::wstring Format(VARIANT& value, std::wstring_view picture) {
   constexpr int firstWeekWithFirstJanuary = 1;
   std::wstring terminated(picture);
   BSTR made = nullptr;
-  if (FAILED(VarFormat(&value, terminated.data(), firstDaySunday, firstWeekWithFirstJanuary, 0, &made))) {
-    throw std::runtime_error("The system cannot format a value.");
+  const HRESULT result = VarFormat(&value, terminated.data(), firstDaySunday, firstWeekWithFirstJanuary, 0, &made);
+  if (FAILED(result)) {
+    throw Error(L"Číslo nebo datum nelze zobrazit.", "VarFormat", static_cast<std::uint32_t>(result));
   }
   // A null string is an empty one here.
   const OwnedSystemString text(made);

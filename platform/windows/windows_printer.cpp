@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 #include <utility>
 
 #include "platform/windows/system_library.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -26,7 +26,9 @@ Function& Spooler(const char* name) {
 // What Open has opened, through the library that is loaded since.
 using OwnedPrinter = Owned<HANDLE, [](HANDLE printer) { Spooler<decltype(ClosePrinter)>("ClosePrinter")(printer); }>;
 
-[[noreturn]] void Refuse() { throw std::runtime_error("The printer refuses."); }
+[[noreturn]] void Refuse(const char* call, DWORD code = GetLastError()) {
+  throw Error(L"Tiskárna odmítla tisk.", call, code);
+}
 
 int ToInt(double pixels) { return static_cast<int>(std::lround(pixels)); }
 
@@ -35,14 +37,14 @@ std::wstring DefaultPrinterName() {
   DWORD length = 0;
   getName(nullptr, &length);
   std::wstring name(length, L'\0');
-  if (length == 0 || !getName(name.data(), &length)) Refuse();
+  if (length == 0 || !getName(name.data(), &length)) Refuse("GetDefaultPrinterW");
   name.resize(length - 1);  // without its NUL
   return name;
 }
 
 OwnedPrinter Open(std::wstring name) {
   HANDLE printer = nullptr;
-  if (!Spooler<decltype(OpenPrinterW)>("OpenPrinterW")(name.data(), &printer, nullptr)) Refuse();
+  if (!Spooler<decltype(OpenPrinterW)>("OpenPrinterW")(name.data(), &printer, nullptr)) Refuse("OpenPrinterW");
   return OwnedPrinter(printer);
 }
 
@@ -71,11 +73,11 @@ DEVMODEW& WindowsPrinter::DeviceMode() {
     m_printerName = DefaultPrinterName();
     const OwnedPrinter printer = Open(m_printerName);
     const LONG size = DriverProperties(printer.Get(), m_printerName, nullptr, nullptr, 0);
-    if (size < static_cast<LONG>(sizeof(DEVMODEW))) Refuse();
+    if (size < static_cast<LONG>(sizeof(DEVMODEW))) Refuse("DocumentPropertiesW");
     std::vector<unsigned char> mode(static_cast<std::size_t>(size));
     auto* const output = reinterpret_cast<DEVMODEW*>(mode.data());
     if (DriverProperties(printer.Get(), m_printerName, output, nullptr, DM_OUT_BUFFER) != IDOK) {
-      Refuse();
+      Refuse("DocumentPropertiesW");
     }
     m_deviceMode = std::move(mode);
   }
@@ -90,7 +92,7 @@ PrinterSettings WindowsPrinter::Settings() {
 }
 
 void WindowsPrinter::ChangeSettings(const PrinterSettings& settings) {
-  if (m_inDocument) Refuse();
+  if (m_inDocument) Refuse("ChangeSettings", 0);
   DEVMODEW& mode = DeviceMode();
   mode.dmOrientation = static_cast<short>(settings.orientation);
   mode.dmPaperSize = static_cast<short>(settings.paperSize);
@@ -101,7 +103,7 @@ void WindowsPrinter::ChangeSettings(const PrinterSettings& settings) {
   const OwnedPrinter printer = Open(m_printerName);
   // The driver makes the rest of its data fit.
   if (DriverProperties(printer.Get(), m_printerName, &mode, &mode, DM_IN_BUFFER | DM_OUT_BUFFER) != IDOK) {
-    Refuse();
+    Refuse("DocumentPropertiesW");
   }
   m_scale = settings.scale;
   m_context.Reset();
@@ -121,7 +123,7 @@ HDC WindowsPrinter::Context() {
   if (!m_context) {
     const DEVMODEW& mode = DeviceMode();
     m_context.Reset(CreateDCW(L"WINSPOOL", m_printerName.c_str(), nullptr, &mode));
-    if (!m_context) Refuse();
+    if (!m_context) Refuse("CreateDCW");
     m_fontIsCurrent = false;
     SetBkMode(m_context.Get(), TRANSPARENT);
     SetTextColor(m_context.Get(), RGB(0, 0, 0));
@@ -136,7 +138,7 @@ HDC WindowsPrinter::ContextWithFont() {
     OwnedFont font(CreateFontW(-pixels, 0, 0, 0, m_bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                                OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, VARIABLE_PITCH | FF_SWISS,
                                kFontName));
-    if (!font || SelectObject(context, font.Get()) == nullptr) Refuse();
+    if (!font || SelectObject(context, font.Get()) == nullptr) Refuse("CreateFontW");
     // Only now is the font before it selected no more.
     m_font = std::move(font);
     m_fontIsCurrent = true;
@@ -150,9 +152,9 @@ HDC WindowsPrinter::Page() {
     DOCINFOW document{};
     document.cbSize = sizeof document;
     document.lpszDocName = m_documentTitle.c_str();
-    if (StartDocW(context, &document) <= 0) Refuse();
+    if (StartDocW(context, &document) <= 0) Refuse("StartDocW");
     m_inDocument = true;
-    if (StartPage(context) <= 0) Refuse();
+    if (StartPage(context) <= 0) Refuse("StartPage");
   }
   return context;
 }
@@ -164,7 +166,8 @@ double WindowsPrinter::PixelsPerUnit(int pixelsPerInchIndex) {
 
 SIZE WindowsPrinter::Extent(std::wstring_view text) {
   SIZE extent{};
-  if (!GetTextExtentPoint32W(ContextWithFont(), text.data(), static_cast<int>(text.size()), &extent)) Refuse();
+  if (!GetTextExtentPoint32W(ContextWithFont(), text.data(), static_cast<int>(text.size()), &extent))
+    Refuse("GetTextExtentPoint32W");
   return extent;
 }
 
@@ -175,7 +178,7 @@ double WindowsPrinter::TextWidth(std::wstring_view text) {
 double WindowsPrinter::TextHeight(std::wstring_view) {
   // Lines are equally high whatever stands in them.
   TEXTMETRICW metrics{};
-  if (!GetTextMetricsW(ContextWithFont(), &metrics)) Refuse();
+  if (!GetTextMetricsW(ContextWithFont(), &metrics)) Refuse("GetTextMetricsW");
   return metrics.tmHeight / PixelsPerUnit(LOGPIXELSY);
 }
 
@@ -185,7 +188,7 @@ void WindowsPrinter::Print(double x, double y, std::wstring_view text) {
   if (text.empty()) return;
   if (!TextOutW(context, ToInt(x * PixelsPerUnit(LOGPIXELSX)), ToInt(y * PixelsPerUnit(LOGPIXELSY)), text.data(),
                 static_cast<int>(text.size()))) {
-    Refuse();
+    Refuse("TextOutW");
   }
 }
 
@@ -193,24 +196,24 @@ void WindowsPrinter::Line(double fromX, double fromY, double toX, double toY) {
   const HDC context = Page();
   const int width = std::max(1, ToInt(GetDeviceCaps(context, LOGPIXELSY) / kRulesPerInch));
   const OwnedPen pen(CreatePen(PS_SOLID, width, RGB(0, 0, 0)));
-  if (!pen) Refuse();
+  if (!pen) Refuse("CreatePen");
   const ObjectSelection selection(context, pen.Get());
   const double horizontal = PixelsPerUnit(LOGPIXELSX);
   const double vertical = PixelsPerUnit(LOGPIXELSY);
   if (!MoveToEx(context, ToInt(fromX * horizontal), ToInt(fromY * vertical), nullptr) ||
       !LineTo(context, ToInt(toX * horizontal), ToInt(toY * vertical))) {
-    Refuse();
+    Refuse("LineTo");
   }
 }
 
 void WindowsPrinter::NewPage() {
   const HDC context = Page();
-  if (EndPage(context) <= 0 || StartPage(context) <= 0) Refuse();
+  if (EndPage(context) <= 0 || StartPage(context) <= 0) Refuse("StartPage");
 }
 
 void WindowsPrinter::EndDocument() {
   const HDC context = Page();
-  if (EndPage(context) <= 0 || EndDoc(context) <= 0) Refuse();
+  if (EndPage(context) <= 0 || EndDoc(context) <= 0) Refuse("EndDoc");
   m_inDocument = false;
   m_context.Reset();
 }

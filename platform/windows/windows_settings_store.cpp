@@ -1,12 +1,19 @@
 #include "platform/windows/windows_settings_store.h"
 
 #include "platform/windows/owned.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
 
 std::wstring Branch(std::wstring_view application, std::wstring_view section) {
   return std::wstring(L"Software\\VB and VBA Program Settings\\").append(application).append(L"\\").append(section);
+}
+
+void Expect(LSTATUS status, const char* call) {
+  if (status != ERROR_SUCCESS) {
+    throw Error(L"Nastavení se nepodařilo uložit.", call, static_cast<std::uint32_t>(status));
+  }
 }
 
 }  // namespace
@@ -37,18 +44,15 @@ std::wstring WindowsSettingsStore::Get(std::wstring_view application, std::wstri
 void WindowsSettingsStore::Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
                                 std::wstring_view value) {
   HKEY opened = nullptr;
-  if (RegCreateKeyExW(HKEY_CURRENT_USER, Branch(application, section).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
-                      &opened, nullptr) != ERROR_SUCCESS) {
-    throw SettingsRefused();
-  }
+  Expect(RegCreateKeyExW(HKEY_CURRENT_USER, Branch(application, section).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
+                         &opened, nullptr),
+         "RegCreateKeyExW");
   const OwnedRegistryKey branch(opened);
   const std::wstring name(key);
   const std::wstring text(value);
   const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  if (RegSetValueExW(branch.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes) !=
-      ERROR_SUCCESS) {
-    throw SettingsRefused();
-  }
+  Expect(RegSetValueExW(branch.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes),
+         "RegSetValueExW");
 }
 
 }  // namespace kvez

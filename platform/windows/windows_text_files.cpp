@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include <stdexcept>
 #include <string>
 
 #include "platform/windows/file_aside.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -17,31 +17,35 @@ OwnedFile Create(const std::wstring& path) {
                                FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-bool WriteAll(HANDLE file, const std::string& bytes) {
+// 0, or the system's code of what failed.
+DWORD WriteAll(HANDLE file, const std::string& bytes) {
   DWORD written = 0;
-  return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-         written == bytes.size() && FlushFileBuffers(file);
+  if (!WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) return GetLastError();
+  if (written != bytes.size()) return ERROR_DISK_FULL;
+  return FlushFileBuffers(file) ? 0 : GetLastError();
 }
+
+[[noreturn]] void Refuse(const char* call, DWORD code) { throw Error(L"Soubor se nepodařilo zapsat.", call, code); }
 
 void WriteOver(const std::wstring& path, const std::string& bytes) {
   const OwnedFile file = Create(path);
-  if (!file) throw std::runtime_error("A text file cannot be created.");
-  if (!WriteAll(file.Get(), bytes)) throw std::runtime_error("A text file cannot be written.");
+  if (!file) Refuse("CreateFileW", GetLastError());
+  if (const DWORD code = WriteAll(file.Get(), bytes)) Refuse("WriteFile", code);
 }
 
 // Whether the name is taken: not where nobody may make a new file, nor from a file that another program shows. Throws
 // when there is no room for the text; then there is none in place of the older one either, which stays.
 bool WriteAside(const std::wstring& path, const std::string& bytes) {
   const std::wstring aside = NameAside(path);
-  bool isWhole = false;
+  DWORD code = 0;
   {
     const OwnedFile file = Create(aside);
     if (!file) return false;
-    isWhole = WriteAll(file.Get(), bytes);
+    code = WriteAll(file.Get(), bytes);
   }
-  if (isWhole && Rename(aside, path)) return true;
+  if (code == 0 && Rename(aside, path)) return true;
   DeleteFileW(aside.c_str());
-  if (!isWhole) throw std::runtime_error("A text file cannot be written.");
+  if (code != 0) Refuse("WriteFile", code);
   return false;
 }
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/core/loaded_database.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {

@@ -15,6 +15,7 @@
 #include "platform/platform.h"
 #include "platform/portable/portable_formats.h"
 #include "tests/core/output_fakes.h"
+#include "text/error.h"
 
 /// What the core asks of the machine, without a machine: each fake keeps what it was asked for. Nothing here needs
 /// the test framework, so that other programs can use it too.
@@ -79,7 +80,7 @@ class SettingsStoreFake : public SettingsStore {
 
   void Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
             std::wstring_view value) override {
-    if (refuses) throw SettingsRefused();
+    if (refuses) throw Error(L"Nastavení se nepodařilo uložit.", "RegSetValueExW", 5);
     values[Place(application, section, key)] = value;
   }
 

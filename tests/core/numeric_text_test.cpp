@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -47,11 +47,6 @@ TEST(NumericText, WhatIsNoNumberIsAConversionError) {
 }
 
 // Whoever knows only the standard's errors gets a word too.
-TEST(NumericText, ConversionErrorIsAStandardError) {
-  const ConversionError error(L"Text");
-  EXPECT_STREQ(static_cast<const std::exception&>(error).what(), "conversion error");
-}
-
 TEST(NumericText, WhatDoesNotFitIsAConversionError) {
   EXPECT_EQ(ErrorOf([] { ToInt32(L"2147483648"); }), L"Číslo \"2147483648\" je mimo povolený rozsah.");
   EXPECT_EQ(ErrorOf([] { ToInt32(L"-2147483649"); }), L"Číslo \"-2147483649\" je mimo povolený rozsah.");

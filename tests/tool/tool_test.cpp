@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <new>
 
-#include "text/conversion_error.h"
+#include "text/error.h"
 #include "text/utf8.h"
 
 namespace kvez {

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "forms/guard.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -65,8 +65,8 @@ TEST(HalfOfRest, HalvesGoToTheEvenNumber) {
 }
 
 TEST(HalfOfRest, OverflowIsAnError) {
-  EXPECT_THROW(HalfOfRest(std::numeric_limits<std::int32_t>::min(), 1), forms::OverflowError);
-  EXPECT_THROW(HalfOfRest(std::numeric_limits<std::int32_t>::max(), -1), forms::OverflowError);
+  EXPECT_THROW(HalfOfRest(std::numeric_limits<std::int32_t>::min(), 1), OverflowError);
+  EXPECT_THROW(HalfOfRest(std::numeric_limits<std::int32_t>::max(), -1), OverflowError);
 }
 
 TEST(CenteredText, ShrinksTheAreaOnAllSides) {

@@ -11,6 +11,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "tests/support/window_test.h"
+#include "text/error.h"
 
 namespace kvez::forms {
 namespace {
@@ -20,9 +21,8 @@ using test::TestForm;
 class GuardTest : public ::testing::Test {
  protected:
   GuardTest() {
-    SetGuard({L"Kvez", {}, [this](const std::wstring& text, const std::wstring& title) {
-                shown.push_back(title + L": " + text);
-              }});
+    SetGuard({L"Kvez",
+              [this](const std::wstring& text, const std::wstring& title) { shown.push_back(title + L": " + text); }});
   }
   ~GuardTest() override { SetGuard({}); }
 
@@ -50,30 +50,20 @@ TEST_F(GuardTest, ErrorWhileUnloadingKeepsTheWindow) {
   EXPECT_TRUE(form.Unload());
 }
 
-TEST_F(GuardTest, UnknownTypesAreTranslatedByTheProgram) {
-  struct Foreign {};
-  SetGuard({L"Kvez",
-            [](std::exception_ptr error) -> std::wstring {
-              try {
-                std::rethrow_exception(error);
-              } catch (const Foreign&) {
-                return L"Cizí chyba.";
-              } catch (...) {
-                return {};
-              }
-            },
-            [this](const std::wstring& text, const std::wstring&) { shown.push_back(text); }});
-  EXPECT_FALSE(Guarded([] { throw Foreign(); }));
+TEST_F(GuardTest, EveryErrorIsACzechSentenceAndTheSystemsCodeBehindIt) {
+  EXPECT_FALSE(Guarded([] { throw Error(L"Nabídku se nepodařilo otevřít.", "AppendMenuW", 8); }));
   EXPECT_FALSE(Guarded([] { throw std::bad_alloc(); }));
-  EXPECT_FALSE(Guarded([] { throw std::runtime_error("ž"); }));
+  EXPECT_FALSE(Guarded([] { throw std::runtime_error("basic_filebuf"); }));
   EXPECT_FALSE(Guarded([] { throw 1; }));
   EXPECT_TRUE(Guarded([] {}));
-  EXPECT_EQ(shown, (std::vector<std::wstring>{L"Cizí chyba.", L"Nedostatek paměti.", L"ž", L"Neznámá chyba."}));
+  EXPECT_EQ(shown,
+            (std::vector<std::wstring>{L"Kvez: Nabídku se nepodařilo otevřít. (AppendMenuW 8)",
+                                       L"Kvez: Nedostatek paměti.", L"Kvez: Neznámá chyba.", L"Kvez: Neznámá chyba."}));
 }
 
 TEST_F(GuardTest, ErrorWhileAnErrorIsShownIsDropped) {
   int boxes = 0;
-  SetGuard({L"Kvez", {}, [&](const std::wstring&, const std::wstring&) {
+  SetGuard({L"Kvez", [&](const std::wstring&, const std::wstring&) {
               ++boxes;
               Guarded([] { throw Error(L"druhá"); });
             }});
@@ -101,7 +91,7 @@ TEST_F(GuardTest, WindowThatCannotPaintDoesNotAskForEver) {
 }
 
 TEST(GuardBox, IsAMessageBoxWithTheTitle) {
-  SetGuard({L"Kvez", {}, {}});
+  SetGuard({L"Kvez", {}});
   TestForm form;
   ASSERT_TRUE(test::ShowActive(form));
   Timer timer;

@@ -13,9 +13,8 @@ using Strings = std::vector<std::wstring>;
 class MainWindowMemory : public MainWindowTest {
  protected:
   MainWindowMemory() {
-    forms::SetGuard({.title = L"Kvez", .translate = {}, .show = [this](const std::wstring& text, const std::wstring&) {
-                       errors.push_back(text);
-                     }});
+    forms::SetGuard(
+        {.title = L"Kvez", .show = [this](const std::wstring& text, const std::wstring&) { errors.push_back(text); }});
   }
   ~MainWindowMemory() override { forms::SetGuard({}); }
 

@@ -15,9 +15,8 @@ using ::testing::IsEmpty;
 class MainWindowErrors : public MainWindowCommands {
  protected:
   MainWindowErrors() {
-    forms::SetGuard({.title = L"Kvez", .translate = {}, .show = [this](const std::wstring& text, const std::wstring&) {
-                       errors.push_back(text);
-                     }});
+    forms::SetGuard(
+        {.title = L"Kvez", .show = [this](const std::wstring& text, const std::wstring&) { errors.push_back(text); }});
   }
   ~MainWindowErrors() override { forms::SetGuard({}); }
 
@@ -112,14 +111,13 @@ TEST_F(MainWindowSettings, WindowOpensWithWhatCannotBeReadUntickedAndTellsWhy) {
 }
 
 TEST_F(MainWindowSettings, TickThatCannotBeStoredGoesBackWithASentence) {
-  forms::SetGuard({.title = L"Kvez",
-                   .translate = &TextOfCoreError,
-                   .show = [this](const std::wstring& text, const std::wstring&) { errors.push_back(text); }});
+  forms::SetGuard(
+      {.title = L"Kvez", .show = [this](const std::wstring& text, const std::wstring&) { errors.push_back(text); }});
   frmhlavni& window = Open();
   Click(window.tlHNastaveni);
   m_machine.settings.refuses = true;
   SendDlgItemMessageW(SettingsWindow(), kChkN, BM_CLICK, 0, 0);
-  EXPECT_THAT(errors, ElementsAre(L"Nastavení se nepodařilo uložit."));
+  EXPECT_THAT(errors, ElementsAre(L"Nastavení se nepodařilo uložit. (RegSetValueExW 5)"));
   EXPECT_FALSE(IsTicked(0));
 }
 

@@ -228,16 +228,16 @@ TEST_F(Nastaveni, ATickThatCannotBeStoredGoesBack) {
   Store(0, L"1");
   frmnastaveni& opened = Open();
   settings.refusedKey = L"nastavení0";
-  EXPECT_THROW(opened.chkN[0].SetValue(0), SettingsRefused);
+  EXPECT_THROW(opened.chkN[0].SetValue(0), Error);
   EXPECT_EQ(opened.chkN[0].Value(), 1);
   settings.refusedKey = L"nastavení1";
-  EXPECT_THROW(opened.chkN[1].SetValue(1), SettingsRefused);
+  EXPECT_THROW(opened.chkN[1].SetValue(1), Error);
   EXPECT_EQ(opened.chkN[1].Value(), 0);
   // No shortcut without its setting.
   EXPECT_THAT(automation.steps, IsEmpty());
   settings.refusedKey = L"nastavení2";
   Store(2, L"ano");
-  EXPECT_THROW(opened.chkN[2].SetValue(1), SettingsRefused);
+  EXPECT_THROW(opened.chkN[2].SetValue(1), Error);
   EXPECT_EQ(opened.chkN[2].Value(), 0);
   EXPECT_THAT(settings.writes, IsEmpty());
   EXPECT_TRUE(frmnastaveni::SettingsOpen);
@@ -256,7 +256,7 @@ TEST_F(Nastaveni, EachSettingHasItsCaption) {
 TEST_F(Nastaveni, AnErrorWhileMakingTheShortcutLeavesTheHourglass) {
   frmnastaveni& opened = Open();
   settings.refusedKey = L"zástupce";
-  EXPECT_THROW(opened.chkN[1].SetValue(1), SettingsRefused);
+  EXPECT_THROW(opened.chkN[1].SetValue(1), Error);
   EXPECT_EQ(forms::Screen::MousePointer(), forms::kPointerHourglass);
   EXPECT_THAT(settings.writes, ElementsAre(L"nastavení1=1"));
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "settings/clszastupce.h"
+#include "text/error.h"
 
 namespace kvez::test {
 
@@ -19,7 +20,7 @@ class FakeSettingsStore : public SettingsStore {
   }
   void Save(std::wstring_view application, std::wstring_view section, std::wstring_view key,
             std::wstring_view value) override {
-    if (key == refusedKey) throw SettingsRefused();
+    if (key == refusedKey) throw Error(L"Nastavení se nepodařilo uložit.", "RegSetValueExW", 5);
     values[Path(application, section, key)] = value;
     writes.push_back(std::wstring(key).append(L"=").append(value));
   }

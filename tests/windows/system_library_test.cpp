@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "mainwindow/module1.h"
-#include "platform/settings_store.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -27,17 +26,12 @@ TEST(SystemLibraries, MissingOneIsASentence) {
     std::wstring text;
     try {
       RequiredFunction<void()>(library, function);
-    } catch (const MissingFunction&) {
-      text = TextOfCoreError(std::current_exception());
+    } catch (const Error& error) {
+      text = error.TextWithCode();
     }
     EXPECT_EQ(text, L"V systému chybí knihovna „" + std::wstring(library) + L"“ nebo její funkce „" +
                         std::wstring(function, function + std::strlen(function)) + L"“.");
   }
-}
-
-TEST(SystemLibraries, ErrorsOfTheRoomsWithoutWindowsAreSentences) {
-  EXPECT_EQ(TextOfCoreError(std::make_exception_ptr(SettingsRefused())), L"Nastavení se nepodařilo uložit.");
-  EXPECT_EQ(TextOfCoreError(std::make_exception_ptr(std::runtime_error("x"))), L"");
 }
 
 }  // namespace

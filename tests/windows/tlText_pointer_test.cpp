@@ -7,6 +7,7 @@
 #include "forms/message_loop.h"
 #include "tests/support/button_fixture.h"
 #include "tests/support/program_driver.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -401,8 +402,8 @@ TEST_F(TlTextPointer, OwnPointerShape) {
 
 TEST_F(TlTextPointer, ErrorInTheActionEndsIt) {
   std::wstring shown;
-  forms::SetGuard({L"Kvez", {}, [&](const std::wstring& text, const std::wstring&) { shown = text; }});
-  button.Click = [] { throw forms::Error(L"Chyba."); };
+  forms::SetGuard({L"Kvez", [&](const std::wstring& text, const std::wstring&) { shown = text; }});
+  button.Click = [] { throw Error(L"Chyba."); };
   test::PointAt(Center());
   test::PressButton();
   test::ReleaseButton();

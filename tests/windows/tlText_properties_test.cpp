@@ -9,6 +9,7 @@
 #include "forms/text_box.h"
 #include "tests/support/button_test.h"
 #include "tests/support/program_driver.h"
+#include "text/error.h"
 
 namespace kvez {
 namespace {
@@ -184,8 +185,8 @@ TEST_F(TlTextProperties, PointerOutsideOfSixteenBitsIsAnOverflow) {
   button.SetMousePointer(32767);
   button.SetMousePointer(-32768);
   host.TakeNotices();
-  EXPECT_THROW(button.SetMousePointer(32768), forms::OverflowError);
-  EXPECT_THROW(button.SetMousePointer(-32769), forms::OverflowError);
+  EXPECT_THROW(button.SetMousePointer(32768), OverflowError);
+  EXPECT_THROW(button.SetMousePointer(-32769), OverflowError);
   EXPECT_EQ(button.MousePointer(), -32768);
   EXPECT_EQ(host.TakeNotices(), Notices{});
 }
@@ -373,7 +374,7 @@ TEST_F(TlTextProperties, LoadingFlatUntilHoveredForcesTheBorder) {
 }
 
 TEST_F(TlTextProperties, ValueOfAnotherTypeIsAnError) {
-  EXPECT_THROW(button.ReadProperties(MemoryPropertyBag{{L"SEM", std::wstring(L"2")}}), forms::Error);
+  EXPECT_THROW(button.ReadProperties(MemoryPropertyBag{{L"SEM", std::wstring(L"2")}}), Error);
 }
 
 TEST_F(TlTextProperties, WritingDefaultsWritesAllFifteenKeys) {

@@ -3,7 +3,7 @@
 
 #include "settings/boolean_text.h"
 #include "tests/windows/shortcut_fakes.h"
-#include "text/conversion_error.h"
+#include "text/error.h"
 
 namespace kvez::test {
 namespace {
