@@ -35,8 +35,8 @@ std::int32_t Run(const char* name, Operation job) {
   return Shell32<Function>(name)(&job);
 }
 
-template <typename Interface>
-using OwnedInterface = Owned<Interface*, [](Interface* object) { object->Release(); }>;
+using OwnedLink = Owned<IShellLinkW*, [](IShellLinkW* object) { object->Release(); }>;
+using OwnedLinkFile = Owned<IPersistFile*, [](IPersistFile* object) { object->Release(); }>;
 
 }  // namespace
 
@@ -89,14 +89,14 @@ bool WindowsShell::SaveLink(const ShellLink& link) {
                               reinterpret_cast<void**>(&created)))) {
     return false;
   }
-  const OwnedInterface<IShellLinkW> content(created);
+  const OwnedLink content(created);
   content.Get()->SetPath(link.target.c_str());
   content.Get()->SetWorkingDirectory(link.folder.c_str());
   content.Get()->SetShowCmd(link.windowState);
   content.Get()->SetIconLocation(link.target.c_str(), 0);
   IPersistFile* opened = nullptr;
   if (FAILED(created->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&opened)))) return false;
-  const OwnedInterface<IPersistFile> file(opened);
+  const OwnedLinkFile file(opened);
   return SUCCEEDED(file.Get()->Save(link.path.c_str(), TRUE));
 }
 
