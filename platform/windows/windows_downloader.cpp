@@ -5,6 +5,7 @@
 #include <urlmon.h>
 #include <wininet.h>
 
+#include "platform/windows/download_leftovers.h"
 #include "platform/windows/system_code_page.h"
 #include "platform/windows/system_library.h"
 
@@ -41,6 +42,7 @@ HRESULT Fetch(const char* name, const Character* address, const Character* path)
 std::int32_t WindowsDownloader::Download(const std::wstring& address, const std::wstring& path) {
   // The call is happy with a copy that the system keeps from the last time; without one it has to ask the server.
   Forget(address);
+  RemoveDownloadLeftovers(address.substr(address.rfind(L'/') + 1));
   const HRESULT result = CallWithTexts(
       address, path,
       [](const std::string& from, const std::string& to) {

@@ -112,6 +112,7 @@ TEST_F(BadServer, ThatSendsWithoutEndFillsNoDisk) {
 }
 
 TEST_F(BadServer, ThatSendsWithoutEndAndAProgramThatIsEndedLoseNothing) {
+  const std::uintmax_t before = CacheSize();
   server.Serve(Name(0), {.body = std::string(1 << 16, 'x'), .then = HttpAnswer::Then::Endless});
   {
     Program program(Exe());
@@ -124,6 +125,12 @@ TEST_F(BadServer, ThatSendsWithoutEndAndAProgramThatIsEndedLoseNothing) {
   EXPECT_EQ(ReadBytes(Folder() / Name(0)).size(), m_original[0].size());
   EXPECT_TRUE(WaitUntil([&] { return again.ListCount(kLstMPSC) == m_rows; }));
   EXPECT_THAT(KeptNames(), IsEmpty());
+  // What the system has kept of the part that came goes with the next download.
+  server.LetGo();
+  ServeSmallData();
+  again.Click(kTlHAktualizace);
+  EXPECT_TRUE(WaitUpdated(again));
+  EXPECT_LE(CacheSize(), before + (1U << 20));
   Close(again);
 }
 

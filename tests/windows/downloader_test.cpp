@@ -3,7 +3,8 @@
 
 #include <gmock/gmock.h>
 #include <windows.h>
-// Stays below windows.h.
+// Stay below windows.h.
+#include <shlobj.h>
 #include <wininet.h>
 
 #include <filesystem>
@@ -90,6 +91,24 @@ TEST_F(Downloads, LeaveNothingInTheCacheOfTheSystem) {
   server.Serve("vd1.kl_", {.body = std::string(100000, 'x'), .sent = 50000});
   Get(L"vd1.kl_");
   EXPECT_FALSE(IsKept(L"vd1.kl_"));
+}
+
+TEST_F(Downloads, TakeAwayWhatAKilledProcessHasLeftOfTheSameFile) {
+  wchar_t cache[MAX_PATH] = {};
+  SHGetFolderPathW(nullptr, CSIDL_INTERNET_CACHE, nullptr, SHGFP_TYPE_CURRENT, cache);
+  const auto inner = std::filesystem::path(cache) / L"kvez-test";
+  std::filesystem::create_directories(inner);
+  const auto touch = [&](const wchar_t* name) { std::ofstream(inner / name) << "x"; };
+  const std::wstring others[] = {L"vd77.kl_", L"vd77[1].chm", L"vd77[x].kl_", L"vd77[1]", L"vd7.kl_"};
+  for (const wchar_t* name : {L"vd7[0]", L"vd7[12].kl_"}) touch(name);
+  for (const std::wstring& name : others) touch(name.c_str());
+  server.Serve("vd7.kl_", {.body = "new"});
+  EXPECT_EQ(Get(L"vd7.kl_"), 0);
+  EXPECT_FALSE(std::filesystem::exists(inner / L"vd7[0]"));
+  EXPECT_FALSE(std::filesystem::exists(inner / L"vd7[12].kl_"));
+  for (const std::wstring& name : others)
+    EXPECT_TRUE(std::filesystem::exists(inner / name)) << testing::PrintToString(name);
+  std::filesystem::remove_all(inner);
 }
 
 class EndlessDownloads : public Downloads, public testing::WithParamInterface<HttpAnswer::Then> {};
