@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include "platform/windows/file_aside.h"
-#include "platform/windows/owned.h"
 
 namespace kvez {
 namespace {
@@ -20,19 +19,27 @@ bool WindowsKeptFiles::Exists(const std::wstring& path) {
 }
 
 bool WindowsKeptFiles::Copy(const std::wstring& from, const std::wstring& to) {
+  m_held.erase(to);
   const std::wstring aside = NameAside(to);
   // The copy is to be moved and removed again, whatever the original is marked with.
   if (CopyFileW(from.c_str(), aside.c_str(), FALSE) && SetFileAttributesW(aside.c_str(), FILE_ATTRIBUTE_NORMAL) &&
       Flush(aside) && Rename(aside, to)) {
+    // Others may read it.
+    m_held[to] = OwnedFile(CreateFileW(to.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     return true;
   }
   DeleteFileW(aside.c_str());
   return false;
 }
 
-bool WindowsKeptFiles::Move(const std::wstring& from, const std::wstring& to) { return Rename(from, to); }
+bool WindowsKeptFiles::Move(const std::wstring& from, const std::wstring& to) {
+  m_held.erase(from);
+  m_held.erase(to);
+  return Rename(from, to);
+}
 
 bool WindowsKeptFiles::Remove(const std::wstring& path) {
+  m_held.erase(path);
   if (DeleteFileW(path.c_str())) return true;
   const DWORD error = GetLastError();
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;

@@ -58,6 +58,24 @@ TEST_F(KeptFilesTest, CopyOfAReadOnlyFileCanBePutBackAndRemoved) {
   SetFileAttributesW(Path(L"a").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
+TEST_F(KeptFilesTest, CopyIsNobodyElsesWhileItsMakerRuns) {
+  Write(L"a", "old");
+  WindowsKeptFiles others;
+  {
+    WindowsKeptFiles makers;
+    EXPECT_TRUE(makers.Copy(Path(L"a"), Path(L"b")));
+    EXPECT_TRUE(others.Exists(Path(L"b")));
+    EXPECT_FALSE(others.Remove(Path(L"b")));
+    EXPECT_FALSE(others.Move(Path(L"b"), Path(L"a")));
+    EXPECT_EQ(Read(L"b"), "old");
+    EXPECT_TRUE(makers.Copy(Path(L"a"), Path(L"b")));
+    EXPECT_TRUE(makers.Move(Path(L"b"), Path(L"a")));
+    EXPECT_TRUE(makers.Copy(Path(L"a"), Path(L"b")));
+  }
+  EXPECT_TRUE(others.Remove(Path(L"b")));
+  EXPECT_EQ(Count(), 1U);
+}
+
 TEST_F(KeptFilesTest, CopyThatFailsLeavesNothing) {
   EXPECT_FALSE(files.Copy(Path(L"missing"), Path(L"b")));
   Write(L"a", "old");
