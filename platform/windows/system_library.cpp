@@ -17,8 +17,9 @@ void UseSystemLibrariesOnly() {
   const auto setFolders =
       SystemFunction<BOOL WINAPI(DWORD)>(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories");
   if (setFolders != nullptr) setFolders(systemFolder);
-  // The common controls bring it in by its bare name, with the first window.
-  LoadSystemLibrary(L"uxtheme.dll");
+  // The common controls bring the one in by its bare name with the first window, and the other with its first look. A
+  // system without that function, and Wine with it, would look for them beside the program; not for what is there.
+  for (const wchar_t* library : {L"uxtheme.dll", L"msimg32.dll"}) LoadSystemLibrary(library);
 }
 
 std::wstring SystemFolder() {
