@@ -23,9 +23,7 @@ void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
       .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-bool ReplaceDownloadBase(const std::filesystem::path& exe, const std::wstring& base) {
-  std::wstring builtIn = KVEZ_DOWNLOAD_BASE;
-  std::wstring wanted = base;
+bool ReplaceProgramText(const std::filesystem::path& exe, std::wstring builtIn, std::wstring wanted) {
   if (wanted.size() > builtIn.size()) return false;
   wanted.resize(builtIn.size() + 1);
   builtIn.resize(builtIn.size() + 1);
@@ -37,6 +35,10 @@ bool ReplaceDownloadBase(const std::filesystem::path& exe, const std::wstring& b
   program.replace(place, old.size(), InMemory(wanted));
   WriteBytes(exe, program);
   return true;
+}
+
+bool ReplaceDownloadBase(const std::filesystem::path& exe, const std::wstring& base) {
+  return ReplaceProgramText(exe, KVEZ_DOWNLOAD_BASE, base);
 }
 
 }  // namespace kvez::test

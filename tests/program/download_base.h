@@ -10,6 +10,9 @@ namespace kvez::test {
 /// one is longer.
 bool ReplaceDownloadBase(const std::filesystem::path& exe, const std::wstring& base);
 
+/// The same for any text of the program; `wanted` may be shorter.
+bool ReplaceProgramText(const std::filesystem::path& exe, std::wstring builtIn, std::wstring wanted);
+
 /// The content of a file; empty when there is none.
 std::string ReadBytes(const std::filesystem::path& path);
 void WriteBytes(const std::filesystem::path& path, const std::string& bytes);

@@ -10,6 +10,7 @@
 
 #include "mainwindow/control_ids.h"
 #include "tests/program/download_base.h"
+#include "tests/soak/console_text.h"
 #include "tests/support/program_folder.h"
 
 namespace kvez::soak {
@@ -34,14 +35,6 @@ void WaitExactly(double seconds) {
   // The system sleeps by whole milliseconds, and a search takes ten.
   if (seconds > 0.002) Sleep(static_cast<DWORD>(seconds * 1000) - 1);
   while (SecondsSince(start) < seconds) std::this_thread::yield();
-}
-
-std::string Utf8(const std::wstring& text) {
-  const int length = static_cast<int>(text.size());
-  std::string bytes(static_cast<std::size_t>(length) * 3, '\0');
-  bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
-                                                            static_cast<int>(bytes.size()), nullptr, nullptr)));
-  return bytes;
 }
 
 // Temporary names differ in their digits only.
@@ -153,7 +146,7 @@ bool Kills::WaitLoaded() {
           m_program->Answer(*dialog, GetDlgItem(dialog->window, IDYES) != nullptr ? IDYES : IDOK);
           return false;
         }
-        return m_program->HasEnded() || m_program->WaitReady(0.1);
+        return m_program->HasEnded() || m_program->IsReady();
       },
       kStartSeconds);
 }

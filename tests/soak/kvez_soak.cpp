@@ -1,4 +1,5 @@
-// The program under what ten years in an office bring: killed at its work, searched in for days, hit at random.
+// The program under what ten years in an office bring: wrong servers, another program in its folder, kills at its work,
+// days of searching, hits at random.
 //
 //   kvez_soak KVEZ_FOLDER WORK_FOLDER SHARE [SEED]
 //
@@ -13,7 +14,9 @@
 #include <random>
 
 #include "tests/soak/long_runs.h"
+#include "tests/soak/two_programs.h"
 #include "tests/soak/works.h"
+#include "tests/soak/wrong_servers.h"
 #include "tests/support/program_folder.h"
 
 int wmain(int count, wchar_t** arguments) {
@@ -30,6 +33,8 @@ int wmain(int count, wchar_t** arguments) {
     soak.seed = count == 5 ? static_cast<unsigned>(std::wcstoul(arguments[4], nullptr, 10)) : std::random_device{}();
     std::printf("seed %u\n", soak.seed);
     test::ClearSettings();
+    soak::UpdateFromWrongServers(soak);
+    soak::RunTwoPrograms(soak);
     soak::KillEverywhere(soak);
     soak::SearchLong(soak);
     soak::SendRandomEvents(soak);

@@ -30,7 +30,7 @@ class Start : public Work {
     return true;
   }
   void Begin(std::optional<Program>& program) override { program.emplace(m_exe); }
-  bool IsDone(const Program& program) override { return program.WaitReady(0.01); }
+  bool IsDone(const Program& program) override { return program.IsReady(); }
 
  private:
   std::wstring m_exe;

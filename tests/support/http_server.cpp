@@ -87,6 +87,14 @@ void HttpServer::Serve(const std::string& name, HttpAnswer answer) {
   m_answers[name] = std::move(answer);
 }
 
+void HttpServer::Forget() {
+  const std::lock_guard lock(m_mutex);
+  m_answers.clear();
+  m_requests.clear();
+  m_sentBytes = 0;
+  m_lettingGo = false;
+}
+
 void HttpServer::Stop() {
   if (!m_thread.joinable()) return;
   LetGo();

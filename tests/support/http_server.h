@@ -44,6 +44,8 @@ class HttpServer {
 
   /// Cuts off an answer that would not come to its end.
   void LetGo() { m_lettingGo = true; }
+  /// Begins anew: no answers, no requests, nothing sent, nothing cut off.
+  void Forget();
   /// How many bytes of bodies have been taken from it so far.
   std::uint64_t SentBytes() const { return m_sentBytes; }
 

@@ -275,6 +275,11 @@ bool Program::WaitReady(double seconds) const {
       seconds);
 }
 
+bool Program::IsReady() const {
+  if (MainWindow() == nullptr || !IsWindowVisible(MainWindow()) || IsShown(kPicMPSCPI)) return false;
+  return IsChecked(kOptMPSC) || IsChecked(kOptMPSC + 1) || IsChecked(kOptMPSC + 2);
+}
+
 HWND Program::Control(int id) const {
   std::pair<int, HWND> wanted{id, nullptr};
   EnumChildWindows(MainWindow(), &LookForId, reinterpret_cast<LPARAM>(&wanted));

@@ -71,6 +71,8 @@ class Program {
   HWND MainWindow() const;
   /// True once the main window is loaded: shown, the message panel hidden again, a search mode chosen.
   bool WaitReady(double seconds = 60.0) const;
+  /// The same at once, for who waits for other things, too.
+  bool IsReady() const;
   HWND Control(int id) const;
   HWND StatusBar() const;
 
