@@ -9,6 +9,7 @@
 
 #include "tests/core/data_bytes.h"
 #include "tests/program/download_base.h"
+#include "tests/program/foreign_window.h"
 #include "tests/program/program_test.h"
 #include "tests/support/folder_dialog.h"
 #include "tests/support/http_server.h"
@@ -147,6 +148,8 @@ TEST_F(BetweenClicks, TheSecondStartShowsTheQuestionThatTheFirstAsks) {
   ASSERT_TRUE(first.WaitReady());
   PostMessageW(first.MainWindow(), WM_CLOSE, 0, 0);
   const Dialog question = first.WaitDialog();
+  // Else the question would come to the front by itself when the message goes.
+  const ForeignWindow other;
   Program second(Exe());
   EXPECT_TRUE(second.Answer(second.WaitDialog(), IDOK));
   EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == question.window; }));
@@ -217,7 +220,8 @@ TEST_F(BetweenDownloads, ClosingWaitsForTheEndAndThenAsks) {
   ASSERT_TRUE(program.WaitReady());
   StartUpdate(program);
   auto closing = Send(program.MainWindow(), WM_CLOSE);
-  closing.get();
+  // It answers at once, and has asked nothing.
+  ASSERT_TRUE(WaitUntil([&] { return closing.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
   EXPECT_FALSE(program.OpenDialog());
   release.set_value();
   const Dialog question = program.WaitDialog();

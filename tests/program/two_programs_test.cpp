@@ -7,6 +7,7 @@
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_lz_library.h"
 #include "tests/core/fakes.h"
+#include "tests/program/download_base.h"
 #include "tests/program/program_test.h"
 
 namespace kvez::test {
@@ -67,6 +68,27 @@ TEST_F(TwoPrograms, InOneFolderBothLoadEverything) {
   ASSERT_TRUE(WaitUntil([&] { return other.Loadings() > 10; }));
   other.End();
   EXPECT_EQ(other.Incomplete(), 0) << "of " << other.Loadings();
+  EXPECT_TRUE(HasNoExpandedFiles());
+}
+
+// Both real: the other one has a mark of its own in the session, as each session has.
+TEST_F(TwoPrograms, StartedAtOnceInOneFolderBothLoadEverything) {
+  const int municipalities = static_cast<int>(ReadTable("obce.csv").size());
+  const int districts = static_cast<int>(ReadTable("okresy.csv").size());
+  const auto other = Folder() / L"jina-relace.exe";
+  std::filesystem::copy_file(Folder() / L"kvez.exe", other);
+  ASSERT_TRUE(ReplaceProgramText(other, L"Local\\Kvez-jedina-instance", L"Local\\Kvez-jina-relace"));
+  constexpr int kStarts = 10;
+  for (int start = 0; start < kStarts; ++start) {
+    const Program first(Exe());
+    const Program second(other.wstring());
+    for (const Program* program : {&first, &second}) {
+      ASSERT_TRUE(program->WaitReady());
+      EXPECT_FALSE(program->OpenDialog());
+      EXPECT_EQ(program->ListCount(kLstMPSC), municipalities);
+      EXPECT_EQ(program->ListCount(kLstMPSC + 2), districts);
+    }
+  }
   EXPECT_TRUE(HasNoExpandedFiles());
 }
 
