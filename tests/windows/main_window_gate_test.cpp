@@ -31,13 +31,19 @@ class InputGate : public MainWindowTest {
     for (const tlText* button : {&window.tlHVyhledej, &window.tlHAktualizace, &window.tlHNapoveda, &window.tlHOaplikaci,
                                  &window.tlHNastaveni, &window.tlHKonec}) {
       ClickOn(*button);
+      // At once: what comes next might close it again.
+      EXPECT_FALSE(window.fraMPSCO.Visible());
+      EXPECT_FALSE(frmnastaveni::SettingsOpen);
     }
     for (const forms::OptionButton& option : window.optMPSC) ClickOn(option);
     ClickOn(window.txtMPSC[0]);
     PressKey(VK_RETURN);
     PressKey(VK_F1);
     for (const WORD key : std::initializer_list<WORD>{'P', 'O'}) PressKey(key, true);
-    for (const WORD key : std::initializer_list<WORD>{'V', 'A', 'N', 'O', 'S', 'K'}) PressKey(key, false, false, true);
+    for (const WORD key : std::initializer_list<WORD>{'V', 'A', 'N', 'O', 'S', 'K'}) {
+      PressKey(key, false, false, true);
+      EXPECT_FALSE(window.fraMPSCO.Visible());
+    }
     test::PointAt(test::CenterOf(window.lstMPSC[kListResult].Handle()));
     test::PressButton(test::MouseButton::Right);
     test::ReleaseButton(test::MouseButton::Right);

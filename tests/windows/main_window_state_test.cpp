@@ -201,7 +201,11 @@ TEST_F(PanelState, ModifierKeysLeaveADeferredSearchItsTurn) {
   frmhlavni& window = OpenSearchingWhileTyping();
   ClickOn(window.txtMPSC[1]);
   TypeText(L"mi");
-  PressKey(VK_CONTROL);
+  // No other key comes behind it: its release would ask for the search as well.
+  test::KeyDown(VK_CONTROL);
+  ASSERT_TRUE(test::PumpUntil([&] { return !window.tmrMPSC.Enabled(); }));
+  test::KeyUp(VK_CONTROL);
+  ASSERT_TRUE(test::PumpUntil([&] { return window.tmrMPSC.Enabled(); })) << "the release brings it back";
   HurryDeferredSearch();
   EXPECT_TRUE(test::PumpUntil([&] { return window.lstMPSC[kListAll].ListIndex() == 2; }));
 }
@@ -394,6 +398,23 @@ TEST_F(PanelState, AboutLeavesTheOfferOfTheSelectedRow) {
   ASSERT_TRUE(window.tlHObcePSC.Visible());
   PressKey('B', false, false, true);
   EXPECT_EQ(Rows(window.lstMPSC[kListResult]), (Strings{L"Bavory", L"Mikulov"}));
+}
+
+TEST_F(PanelState, TheSearchButtonThatIsDisabledHandsItsFocusToTheList) {
+  SetSetting(0, L"1");
+  frmhlavni& window = OpenInFront();
+  Search(L"mikulov");
+  for (const List list : {kListAll, kListResult}) {
+    PressKey('M', true);
+    ASSERT_TRUE(window.tlHVyhledej.Enabled());
+    window.tlHVyhledej.SetFocus();
+    ASSERT_TRUE(window.tlHVyhledej.HasKeyboardFocus());
+    test::PointAt(test::OnScreen(window.lstMPSC[list].Handle(), 20, 4));
+    ASSERT_TRUE(test::PumpUntil([&] { return window.lstMPSC[list].ListIndex() == 0; }));
+    EXPECT_FALSE(window.tlHVyhledej.Enabled());
+    EXPECT_EQ(window.FocusedControl(), &window.lstMPSC[list]) << list;
+  }
+  PointAside();
 }
 
 TEST_F(PanelState, AnEmptyResultHasNoExtentOnAnyRoad) {
