@@ -228,6 +228,16 @@ TEST_F(PanelState, APastedPostalCodeIsReadAsATypedOne) {
   }
 }
 
+TEST_F(PanelState, ControlASelectsEverythingInPscModeByItsCharacterToo) {
+  frmhlavni& window = OpenInFront();
+  ClickOn(window.optMPSC[0]);
+  TypeText(L"692 01");
+  // Some systems' text boxes answer to the key, ours to the character that comes of it.
+  SendMessageW(window.txtMPSC[0].Handle(), WM_CHAR, 1, 0);
+  TypeText(L"11");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"11");
+}
+
 TEST_F(PanelState, APastedTextKeepsToTheSixCharacters) {
   frmhlavni& window = OpenInFront();
   ClickOn(window.optMPSC[0]);
