@@ -1,5 +1,6 @@
 #include "forms/dpi.h"
 
+#include <cstdlib>
 #include <cwchar>
 
 namespace kvez::forms {
@@ -44,7 +45,13 @@ RECT OuterRectangle(const RECT& client, DWORD style, DWORD extendedStyle, unsign
   return outer;
 }
 
-LOGFONTW MessageFont(unsigned dpi) {
+namespace {
+
+constexpr int kDesignPoints = 9;
+
+int DesignHeight(unsigned dpi) { return MulDiv(kDesignPoints, static_cast<int>(dpi), 72); }
+
+LOGFONTW UserMessageFont(unsigned dpi) {
   static const auto parametersForDpi = UserFunction<ParametersFunction>("SystemParametersInfoForDpi");
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof(metrics);
@@ -57,10 +64,24 @@ LOGFONTW MessageFont(unsigned dpi) {
     return font;
   }
   LOGFONTW font{};
-  font.lfHeight = -MulDiv(9, static_cast<int>(dpi), 72);
+  font.lfHeight = -DesignHeight(dpi);
   font.lfCharSet = DEFAULT_CHARSET;
   std::wcscpy(font.lfFaceName, L"Segoe UI");
   return font;
+}
+
+}  // namespace
+
+LOGFONTW MessageFont(unsigned dpi) {
+  LOGFONTW font = UserMessageFont(dpi);
+  if (std::abs(static_cast<int>(font.lfHeight)) > DesignHeight(dpi)) font.lfHeight = -DesignHeight(dpi);
+  return font;
+}
+
+unsigned ScalingForMessageFont(unsigned dpi) {
+  const int height = std::abs(static_cast<int>(UserMessageFont(dpi).lfHeight));
+  if (height <= DesignHeight(dpi)) return dpi;
+  return static_cast<unsigned>(MulDiv(static_cast<int>(dpi), height, DesignHeight(dpi)));
 }
 
 int SystemMetric(int index, unsigned dpi) {

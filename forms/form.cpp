@@ -9,8 +9,6 @@
 #include "forms/menu_letter.h"
 #include "forms/mouse_pointer.h"
 #include "forms/pointer.h"
-#include "forms/text_ruler.h"
-#include "forms/twips.h"
 
 namespace kvez::forms {
 namespace {
@@ -32,15 +30,6 @@ DWORD ExtendedStyleOf(BorderStyle border) {
   return WS_EX_CONTROLPARENT | (border == BorderStyle::FixedDialog ? WS_EX_DLGMODALFRAME : 0UL);
 }
 
-DWORD StyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)); }
-DWORD ExtendedStyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)); }
-
-SIZE SizeOf(HWND window) {
-  RECT outer{};
-  GetWindowRect(window, &outer);
-  return {outer.right - outer.left, outer.bottom - outer.top};
-}
-
 }  // namespace
 
 Form::Form(const FormDesign& design)
@@ -53,10 +42,13 @@ Form::Form(const FormDesign& design)
   // The scaling of its screen is known only when the window is there, but most often it is this one. A window is slow
   // to resize and slow to be given other icons than those of its class.
   const unsigned expectedDpi = SystemDpi();
-  const SIZE outer = OuterSize(parameters.style, parameters.extendedStyle, expectedDpi);
+  m_dpi = expectedDpi;
+  m_scaling = FittingScaling(parameters.style, parameters.extendedStyle, parameters.parent);
+  const SIZE outer = OuterSize(parameters.style, parameters.extendedStyle);
   parameters.pixels = {CW_USEDEFAULT, CW_USEDEFAULT, outer.cx, outer.cy};
   CreateOwn(design.className, parameters);
   m_dpi = WindowDpi(Handle());
+  m_scaling = FittingScaling(parameters.style, parameters.extendedStyle, ScreenMate());
   ApplyClientSize();
   // The frame of a dialog is sure to show only an icon of its own.
   if (m_dpi != expectedDpi || design.border == BorderStyle::FixedDialog) ApplyIcons();
@@ -159,49 +151,6 @@ void Form::ApplyIcons() {
   m_largeIcon = std::move(largeIcon);
 }
 
-SIZE Form::OuterSize(DWORD style, DWORD extendedStyle, unsigned dpi) const {
-  const RECT client{0, 0, TwipsToPixels(m_clientWidth, dpi), TwipsToPixels(m_clientHeight, dpi)};
-  const RECT outer = OuterRectangle(client, style, extendedStyle, dpi);
-  return {outer.right - outer.left, outer.bottom - outer.top};
-}
-
-void Form::ApplyClientSize() {
-  if (!IsOpen()) return;
-  const auto resize = [this](SIZE outer) {
-    const SIZE present = SizeOf(Handle());
-    if (outer.cx == present.cx && outer.cy == present.cy) return;
-    SetWindowPos(Handle(), nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  };
-  const SIZE outer = OuterSize(StyleOf(Handle()), ExtendedStyleOf(Handle()), m_dpi);
-  resize(outer);
-  // Before Windows 10 the frame does not scale along with the screen: what came out has the last word.
-  const RECT client = ClientOf(Handle());
-  resize({outer.cx + ToPixels(m_clientWidth) - client.right, outer.cy + ToPixels(m_clientHeight) - client.bottom});
-}
-
-int Form::ClientWidth() const { return ToTwips(ClientOf(Handle()).right); }
-int Form::ClientHeight() const { return ToTwips(ClientOf(Handle()).bottom); }
-
-/// In the middle of the owner or of the screen, and always on one screen.
-void Form::Center() {
-  const HWND owner = GetWindow(Handle(), GW_OWNER);
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  RECT around = work;
-  if (owner != nullptr) GetWindowRect(owner, &around);
-  const SIZE outer = SizeOf(Handle());
-  const LONG left =
-      std::max(work.left, std::min(around.left + (around.right - around.left - outer.cx) / 2, work.right - outer.cx));
-  const LONG top =
-      std::max(work.top, std::min(around.top + (around.bottom - around.top - outer.cy) / 2, work.bottom - outer.cy));
-  SetWindowPos(Handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-int Form::ToPixels(int twips) const { return TwipsToPixels(twips, m_dpi); }
-int Form::ToTwips(int pixels) const { return PixelsToTwips(pixels, m_dpi); }
-
 LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (const auto reflected = Reflect(message, wParam, lParam)) return *reflected;
   switch (message) {
@@ -236,6 +185,9 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED:
       OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
+    case WM_DISPLAYCHANGE:
+      OnDisplayChange();
+      return Native(message, wParam, lParam);
     case WM_QUERYENDSESSION:
       return OnQueryEndSession((static_cast<DWORD>(lParam) & ENDSESSION_CRITICAL) != 0);
     case WM_ENDSESSION:
@@ -295,45 +247,6 @@ void Form::OnEndSession(bool ending) {
   Guarded([&] { Form_Unload(ignored); });
   m_unloading = false;
   DestroyAndTerminate();
-}
-
-void Form::CreateFont() {
-  m_fontDescription = MessageFont(m_dpi);
-  m_font.Reset(CreateFontIndirectW(&m_fontDescription));
-  m_lineHeight = forms::LineHeight(m_font.Get());
-}
-
-void Form::RescaleControls() {
-  // The controls still have the old font until each of them has taken the new one.
-  OwnedFont old = std::move(m_font);
-  CreateFont();
-  for (Control* control : m_controls) control->Rescale();
-  RescaleToolTip();
-}
-
-void Form::OnDpiChanged(unsigned dpi, const RECT& suggested) {
-  m_dpi = dpi;
-  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  // The designed client size decides: the suggestion scales the borders along, which are not of our size.
-  if ((StyleOf(Handle()) & WS_THICKFRAME) == 0) ApplyClientSize();
-  RescaleControls();
-  ApplyIcons();
-  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-  if (m_loaded) Form_Resize();
-}
-
-void Form::OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_SETTINGCHANGE && wParam == SPI_SETNONCLIENTMETRICS) RescaleControls();
-  // The system's controls learn of new colours and themes through their parents only.
-  if (message == WM_SYSCOLORCHANGE) {
-    for (const Control* control : m_controls) SendMessageW(control->Handle(), message, wParam, lParam);
-    if (m_toolTip != nullptr) SendMessageW(m_toolTip, message, wParam, lParam);
-  }
-  if (message != WM_SETTINGCHANGE || wParam == SPI_SETHIGHCONTRAST) {
-    Form_SysColorsChanged();
-    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-  }
 }
 
 }  // namespace kvez::forms

@@ -73,7 +73,12 @@ class Form : public Window, public Container {
 
   /// Dots per inch of the window now.
   unsigned Dpi() const { return m_dpi; }
-  float TwipsPerPixel() const { return 1440.0F / static_cast<float>(m_dpi); }
+  /// Dots per inch that the design is laid out with: more than those of the window where the user has a larger font for
+  /// messages, as long as the screen has room, and fewer where it has none for the design.
+  unsigned Scaling() const { return m_scaling; }
+  float TwipsPerPixel() const { return 1440.0F / static_cast<float>(m_scaling); }
+  /// What a line of the form's font takes at most, in twips.
+  static constexpr int kLineTwips = 255;
   int ToPixels(int twips) const;
   int ToTwips(int pixels) const;
   /// The font of all controls without a style of their own.
@@ -172,7 +177,12 @@ class Form : public Window, public Container {
   void RescaleControls();
   void ApplyIcons();
   void ApplyClientSize();
-  SIZE OuterSize(DWORD style, DWORD extendedStyle, unsigned dpi) const;
+  HWND ScreenMate() const;
+  unsigned FittingScaling(DWORD style, DWORD extendedStyle, HWND screenMate) const;
+  SIZE OuterSize(DWORD style, DWORD extendedStyle) const;
+  void MoveOnScreen(LONG left, LONG top, const RECT& work);
+  void ScaleAnew(bool dragged = false);
+  void OnDisplayChange();
   void Center();
   Control* Reachable(std::size_t start, bool backwards, const Control* except) const;
   std::size_t PositionOf(const Control* control) const;
@@ -186,6 +196,8 @@ class Form : public Window, public Container {
   std::wstring FittingToolTip(const Control& control) const;
 
   unsigned m_dpi = 96;
+  unsigned m_scaling = 96;
+  bool m_scalingWaits = false;
   LOGFONTW m_fontDescription{};
   OwnedFont m_font;
   int m_lineHeight = 0;

@@ -102,7 +102,9 @@ void Form::OnSize(WPARAM kind) {
   const bool restored = std::exchange(m_wasMinimized, kind == SIZE_MINIMIZED) && kind != SIZE_MINIMIZED;
   // The activation came while the form still was an icon, which has no use for the keyboard.
   if (restored && GetActiveWindow() == Handle() && !IsChild(Handle(), GetFocus())) ::SetFocus(Handle());
-  if (m_loaded && kind != SIZE_MINIMIZED) Form_Resize();
+  if (kind == SIZE_MINIMIZED) return;
+  if (m_scalingWaits) return ScaleAnew();
+  if (m_loaded) Form_Resize();
 }
 
 void Form::OnSetFocus() {

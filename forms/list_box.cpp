@@ -16,6 +16,8 @@ namespace {
 // Sent by the box to itself when it was emptied and nobody has filled it since.
 constexpr UINT kDrawNow = WM_APP + 1;
 
+constexpr wchar_t kSample[] = L"Brandýs nad Labem";
+
 }  // namespace
 
 void ListBox::Create(Container& container, int id, const Place& place) {
@@ -107,6 +109,7 @@ int ListBox::HorizontalExtent() const { return static_cast<int>(Native(LB_GETHOR
 
 void ListBox::SetHorizontalExtent(int pixels) {
   Native(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(std::max(pixels, 0)));
+  m_extentSample = TextWidth(kSample);
 }
 
 int ListBox::ItemFromPoint(int x, int y) const {
@@ -162,7 +165,13 @@ LRESULT ListBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 int ListBox::TextWidth(std::wstring_view text) { return m_ruler.Width(text, Font()); }
 
-void ListBox::OnFontChanged() { m_ruler.Forget(); }
+void ListBox::OnFontChanged() {
+  m_ruler.Forget();
+  if (m_extentSample <= 0) return;
+  // The rows have grown with the font, a little more or less than the sample.
+  constexpr int kRounding = 4;
+  SetHorizontalExtent(MulDiv(HorizontalExtent(), TextWidth(kSample), m_extentSample) + kRounding);
+}
 
 COLORREF ListBox::DefaultBackColor() const { return GetSysColor(COLOR_WINDOW); }
 COLORREF ListBox::DefaultForeColor() const { return GetSysColor(COLOR_WINDOWTEXT); }

@@ -71,6 +71,8 @@ class ListBox : public EventControl {
   std::vector<std::int32_t> m_data;  // kept here: half the time of a filling went into telling the system
   void DrawNow();
 
+  /// The width of a sample text when the extent was set: how wide the font was.
+  int m_extentSample = 0;
   int m_fillDepth = 0;
   bool m_drawsLater = false;  // emptied, with the drawing off until the next filling or message
 };

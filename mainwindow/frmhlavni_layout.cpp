@@ -28,8 +28,7 @@ constexpr int kClientWidth = kButtonColumn + kButtonWidth + 30;
 // The status bar lies below the controls.
 constexpr int kClientHeight = 4065 + 345;
 
-// A line of the usual message font with a pixel to spare.
-constexpr int kLineHeight = 255;
+constexpr int kLineHeight = forms::Form::kLineTwips;
 
 constexpr Place kListPlace = {kLeftColumn, 330, kColumnWidth, 2790};
 // Between the lists and the field below them.

@@ -14,6 +14,7 @@ void frmhlavni::Form_Load() {
     const forms::InputPause pause(*this, forms::Closing::GoesOn);
     SetCaption(kApplicationTitle);
     m_statusBar.Create(Handle(), false);
+    if (Scaling() != Dpi()) m_statusBar.DpiChanged(Scaling());
     VytvorNabidku();
     Titul();
     if (!IsOpen()) return;
@@ -177,7 +178,7 @@ void frmhlavni::Form_Terminate() {
 }
 
 void frmhlavni::Form_Resize() {
-  m_statusBar.DpiChanged(Dpi());
+  m_statusBar.DpiChanged(Scaling());
   m_statusBar.ParentResized();
 }
 

@@ -20,6 +20,11 @@ void InitialiseBarClasses() {
   if (!InitCommonControlsEx(&classes)) InitCommonControls();
 }
 
+bool IsSameFont(const LOGFONTW& first, const LOGFONTW& second) {
+  return first.lfHeight == second.lfHeight && first.lfWeight == second.lfWeight &&
+         lstrcmpiW(first.lfFaceName, second.lfFaceName) == 0;
+}
+
 }  // namespace
 
 StatusBar::StatusBar(Formats& formats, Clock& clock, std::span<const MenuExplanation> menuExplanations)
@@ -146,7 +151,7 @@ void StatusBar::ParentResized() {
 }
 
 void StatusBar::DpiChanged(unsigned dpi) {
-  if (!IsWindow(m_window) || dpi == m_dpi) return;
+  if (!IsWindow(m_window) || (dpi == m_dpi && IsSameFont(m_messageFont, forms::MessageFont(dpi)))) return;
   ScaleTo(dpi);
   for (std::size_t panel = 0; panel < kPanelCount; ++panel) LoadIconOf(panel);
   ParentResized();
@@ -154,6 +159,7 @@ void StatusBar::DpiChanged(unsigned dpi) {
 
 void StatusBar::ScaleTo(unsigned dpi) {
   m_dpi = dpi;
+  m_messageFont = forms::MessageFont(dpi);
   const LongestClockTexts texts(m_formats);
   OwnedFont font = StatusBarFont(dpi, texts);
   SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);

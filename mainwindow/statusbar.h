@@ -45,7 +45,7 @@ class StatusBar {
   /// The parent has been sized: the bar takes its place again.
   void ParentResized();
 
-  /// The parent has moved to another scaling.
+  /// The parent has another scaling, or the user another font for messages.
   void DpiChanged(unsigned dpi);
 
   /// Null without a bar.
@@ -84,6 +84,7 @@ class StatusBar {
   LONG_PTR m_previousProcedure = 0;
 
   unsigned m_dpi = 96;
+  LOGFONTW m_messageFont{};
   OwnedFont m_font;
   std::array<Panel, kPanelCount> m_panels;
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "database/application.h"
-#include "forms/dpi.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
 #include "text/error.h"
@@ -114,11 +113,12 @@ void frmnastaveni::chkN_Click(std::int16_t Index) {
 // The rows are 13 pixels high at 100 %. The user's own font is taken when it fits; the usual one of today is higher and
 // wider, and so gives way to the classic font of dialogs, for which rows of that height are made.
 void frmnastaveni::FitCaptions() {
+  for (forms::CheckBox& box : chkN) box.SetFontStyle({});
   if (CaptionsFit()) return;
   constexpr int classicPoints = 8;
   constexpr int smallestPercent = 50;
-  const int classicHeight = MulDiv(classicPoints, static_cast<int>(Dpi()), 72);
-  const int userHeight = std::abs(static_cast<int>(forms::MessageFont(Dpi()).lfHeight));
+  const int classicHeight = MulDiv(classicPoints, static_cast<int>(Scaling()), 72);
+  const int userHeight = std::abs(static_cast<int>(FontDescription().lfHeight));
   for (int percent = MulDiv(classicHeight, 100, userHeight); percent >= smallestPercent; --percent) {
     for (forms::CheckBox& box : chkN) box.SetFontStyle({.bold = false, .percent = percent, .face = L"Tahoma"});
     if (CaptionsFit()) return;

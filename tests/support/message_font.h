@@ -13,8 +13,8 @@
 
 namespace kvez::test {
 
-/// The user has another font for messages as long as the object lives, and all windows are told of the change both
-/// times.
+/// The user has another font for messages as long as the object lives, and the windows of this thread are told of
+/// the change both times.
 class UserMessageFont {
  public:
   UserMessageFont(const wchar_t* face, int points) : m_before(Metrics()) {
@@ -39,7 +39,13 @@ class UserMessageFont {
     return metrics;
   }
   static void Set(NONCLIENTMETRICSW metrics) {
-    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, SPIF_SENDCHANGE);
+    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    // The system would tell all programs, or none while the change is not to last.
+    const auto tell = [](HWND window, LPARAM) -> BOOL {
+      SendMessageW(window, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, reinterpret_cast<LPARAM>(L"WindowMetrics"));
+      return TRUE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), tell, 0);
   }
 
   NONCLIENTMETRICSW m_before;

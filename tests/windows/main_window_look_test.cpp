@@ -1,6 +1,5 @@
 // What the main window looks like: its buttons' frames, and its texts in the message font of Windows.
 
-#include "database/application.h"
 #include "forms/text_ruler.h"
 #include "tests/support/message_font.h"
 #include "tests/support/system_look.h"
@@ -100,15 +99,7 @@ class MainWindowInTheUsualFont : public MainWindowLook {
     m_window->lblNPSCHT[1].SetCaption(L"Hlavní město Praha");
   }
 
-  test::UsualMessageFont m_usual;
-  test::UserMessageFont m_font{test::UsualMessageFont::kFace, 9};
-};
-
-TEST_F(MainWindowInTheUsualFont, TextsFitAtEveryScaling) {
-  for (const unsigned dpi : kAllScalings) {
-    ScaleTo(dpi);
-    // 2724 units of 2048 that are 9 points high: the font is there, and the window has it.
-    ASSERT_NEAR(m_window->LineHeight(), 9.0 * dpi / 72 * 2724 / 2048, 1);
+  void ExpectTextsFit() const {
     int seen = 0;
     for (const forms::Control* control : m_window->Controls()) {
       const bool isLines = control == &m_window->Text1;
@@ -118,12 +109,104 @@ TEST_F(MainWindowInTheUsualFont, TextsFitAtEveryScaling) {
       GetClientRect(control->Handle(), &room);
       const SIZE needed = NeededBy(*control);
       const int id = GetDlgCtrlID(control->Handle());
-      EXPECT_LE(needed.cy, room.bottom) << id << " at " << dpi;
-      EXPECT_LE(needed.cx, room.right) << id << " at " << dpi;
+      EXPECT_LE(needed.cy, room.bottom) << id << " at " << m_window->Scaling();
+      EXPECT_LE(needed.cx, room.right) << id << " at " << m_window->Scaling();
       ++seen;
     }
-    EXPECT_EQ(seen, 26) << dpi;
+    EXPECT_EQ(seen, 26);
   }
+
+  /// The About panel lies on the rest, the two lists share their place.
+  void ExpectNothingOverlaps() const {
+    std::vector<RECT> places;
+    for (const forms::Control* control : m_window->Controls()) {
+      const bool isOnForm = GetParent(control->Handle()) == m_window->Handle();
+      if (!isOnForm || !control->Visible() || control == &m_window->fraMPSCO) continue;
+      RECT place{};
+      GetWindowRect(control->Handle(), &place);
+      for (const RECT& other : places) {
+        RECT common{};
+        IntersectRect(&common, &place, &other);
+        // Rounding may cost a pixel.
+        EXPECT_LE(std::min(common.right - common.left, common.bottom - common.top), 1)
+            << GetDlgCtrlID(control->Handle());
+      }
+      places.push_back(place);
+    }
+    EXPECT_GT(places.size(), 15U);
+  }
+
+  test::UsualMessageFont m_usual;
+  test::UserMessageFont m_font{test::UsualMessageFont::kFace, 9};
+};
+
+TEST_F(MainWindowInTheUsualFont, TextsFitAtEveryScaling) {
+  for (const unsigned dpi : kAllScalings) {
+    ScaleTo(dpi);
+    // 2724 units of 2048 that are 9 points high: the font is there, and the window has it.
+    ASSERT_NEAR(m_window->LineHeight(), 9.0 * dpi / 72 * 2724 / 2048, 1);
+    ExpectTextsFit();
+  }
+}
+
+TEST_F(MainWindowInTheUsualFont, TextsFitWhileTheUserEnlargesThem) {
+  const LONG width = m_window->ToPixels(m_window->txtMPSC[0].GetPlace().width);
+  for (const int points : {11, 16, 20}) {
+    const test::UserMessageFont large(test::UsualMessageFont::kFace, points);
+    ASSERT_NEAR(m_window->LineHeight(), points * 96.0 / 72 * 2724 / 2048, 1);
+    EXPECT_GT(m_window->ToPixels(m_window->txtMPSC[0].GetPlace().width), width);
+    ExpectTextsFit();
+    ExpectNothingOverlaps();
+  }
+  EXPECT_EQ(m_window->ToPixels(m_window->txtMPSC[0].GetPlace().width), width);
+  ExpectTextsFit();
+}
+
+TEST_F(MainWindowInTheUsualFont, TextsFitWhereTheScreenIsTooSmall) {
+  // At 100 % the window needs more than a quarter of the tests' screen.
+  for (const unsigned dpi : {480U, 672U}) {
+    ScaleTo(dpi);
+    EXPECT_LT(m_window->Scaling(), dpi);
+    RECT outer{};
+    RECT work{};
+    GetWindowRect(m_window->Handle(), &outer);
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_LE(outer.right - outer.left, work.right - work.left);
+    EXPECT_LE(outer.bottom - outer.top, work.bottom - work.top);
+    ExpectTextsFit();
+    ExpectNothingOverlaps();
+  }
+}
+
+TEST_F(MainWindowInTheUsualFont, StatusBarGrowsAlong) {
+  const HWND bar = FindWindowExW(m_window->Handle(), nullptr, L"msctls_statusbar32", nullptr);
+  const auto letters = [bar] {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(bar, WM_GETFONT, 0, 0)), sizeof font, &font);
+    return std::abs(static_cast<int>(font.lfHeight));
+  };
+  const int before = letters();
+  const test::UserMessageFont large(test::UsualMessageFont::kFace, 18);
+  EXPECT_NEAR(letters(), 2 * before, 2);
+  RECT place{};
+  RECT client{};
+  GetWindowRect(bar, &place);
+  GetClientRect(m_window->Handle(), &client);
+  // What the design leaves it.
+  EXPECT_LE(place.bottom - place.top, m_window->ToPixels(345));
+}
+
+using MainWindowLargeFont = MainWindowLook;
+
+TEST_F(MainWindowLargeFont, IsThereFromTheStart) {
+  const test::UserMessageFont large(L"Tahoma", 16);
+  const frmhlavni& window = Open();
+  EXPECT_EQ(window.Scaling(), 168U);
+  EXPECT_EQ(-window.FontDescription().lfHeight, 21);
+  const HWND bar = FindWindowExW(window.Handle(), nullptr, L"msctls_statusbar32", nullptr);
+  std::array<int, 3> edges{};
+  SendMessageW(bar, SB_GETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+  EXPECT_GE(edges[1], MulDiv(142, 168, 96));
 }
 
 TEST_F(MainWindowInTheUsualFont, FieldsHaveRoomForALine) {

@@ -9,6 +9,7 @@
 #include "forms/mouse_pointer.h"
 #include "settings/frmnastaveni.h"
 #include "tests/core/fakes.h"
+#include "tests/support/message_font.h"
 #include "tests/windows/shortcut_fakes.h"
 
 namespace kvez::test {
@@ -46,6 +47,24 @@ class Nastaveni : public testing::Test {
     GetWindowRect(control.Handle(), &pixels);
     MapWindowPoints(nullptr, GetParent(control.Handle()), reinterpret_cast<POINT*>(&pixels), 2);
     return pixels;
+  }
+
+  /// Each caption lies within its box.
+  static void ExpectCaptionsFit(const frmnastaveni& opened) {
+    for (const forms::CheckBox& box : opened.chkN) {
+      const HDC context = GetDC(box.Handle());
+      const HGDIOBJ previous = SelectObject(context, box.Font());
+      wchar_t text[100] = {};
+      const int length = GetWindowTextW(box.Handle(), text, 100);
+      SIZE size{};
+      GetTextExtentPoint32W(context, text, length, &size);
+      SelectObject(context, previous);
+      ReleaseDC(box.Handle(), context);
+      const RECT pixels = PixelsOf(box);
+      EXPECT_LE(size.cy, pixels.bottom - pixels.top);
+      // The square and the gap behind it.
+      EXPECT_LE(size.cx + opened.ToPixels(270), pixels.right - pixels.left);
+    }
   }
 
   fakes::Machine machine;
@@ -105,22 +124,22 @@ TEST_F(Nastaveni, PlacesArePixelExactAtOrdinaryScaling) {
   EXPECT_EQ(pixels.bottom - pixels.top, 13);
 }
 
-TEST_F(Nastaveni, CaptionsFitTheirPlaces) {
+TEST_F(Nastaveni, CaptionsFitTheirPlaces) { ExpectCaptionsFit(Open()); }
+
+TEST_F(Nastaveni, CaptionsFitTheirPlacesInALargerFont) {
   const frmnastaveni& opened = Open();
-  for (const forms::CheckBox& box : opened.chkN) {
-    const HDC context = GetDC(box.Handle());
-    const HGDIOBJ previous = SelectObject(context, box.Font());
-    wchar_t text[100] = {};
-    const int length = GetWindowTextW(box.Handle(), text, 100);
-    SIZE size{};
-    GetTextExtentPoint32W(context, text, length, &size);
-    SelectObject(context, previous);
-    ReleaseDC(box.Handle(), context);
-    const RECT pixels = PixelsOf(box);
-    EXPECT_LE(size.cy, pixels.bottom - pixels.top);
-    // The square and the gap behind it.
-    EXPECT_LE(size.cx + opened.ToPixels(270), pixels.right - pixels.left);
+  const auto letters = [&opened] {
+    LOGFONTW font{};
+    GetObjectW(opened.chkN[0].Font(), sizeof font, &font);
+    return std::abs(static_cast<int>(font.lfHeight));
+  };
+  const int before = letters();
+  {
+    const test::UserMessageFont large(L"Tahoma", 16);
+    ExpectCaptionsFit(opened);
+    EXPECT_GT(letters(), before + before / 2);
   }
+  EXPECT_EQ(letters(), before);
 }
 
 // The rows are no higher than the squares: centred on lower texts, these would lose their upper edges.
