@@ -25,12 +25,14 @@ DWORD WriteAll(HANDLE file, const std::string& bytes) {
   return FlushFileBuffers(file) ? 0 : GetLastError();
 }
 
-[[noreturn]] void Refuse(const char* call, DWORD code) { throw Error(L"Soubor se nepodařilo zapsat.", call, code); }
+[[noreturn]] void RefuseToWrite(const char* call, DWORD code) {
+  throw Error(L"Soubor se nepodařilo zapsat.", call, code);
+}
 
 void WriteOver(const std::wstring& path, const std::string& bytes) {
   const OwnedFile file = Create(path);
-  if (!file) Refuse("CreateFileW", GetLastError());
-  if (const DWORD code = WriteAll(file.Get(), bytes)) Refuse("WriteFile", code);
+  if (!file) RefuseToWrite("CreateFileW", GetLastError());
+  if (const DWORD code = WriteAll(file.Get(), bytes)) RefuseToWrite("WriteFile", code);
 }
 
 // Whether the name is taken: not where nobody may make a new file, nor from a file that another program shows. Throws
@@ -45,7 +47,7 @@ bool WriteAside(const std::wstring& path, const std::string& bytes) {
   }
   if (code == 0 && Rename(aside, path)) return true;
   DeleteFileW(aside.c_str());
-  if (code != 0) Refuse("WriteFile", code);
+  if (code != 0) RefuseToWrite("WriteFile", code);
   return false;
 }
 
