@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -28,11 +29,39 @@
 
 namespace kvez {
 
+class frmhlavni;
+
+/// Something that lasts, in the main window, which takes no input meanwhile: a download, a print.
+class LongWork {
+ public:
+  explicit LongWork(frmhlavni& window);
+  LongWork(const LongWork&) = delete;
+  LongWork& operator=(const LongWork&) = delete;
+  ~LongWork();
+
+  /// To be asked all the time; the window is painted and moved in it. False when the work shall end: the user has
+  /// pressed Escape, the window is gone, the session comes to its end.
+  bool GoesOn();
+  void End() { m_wasEnded = true; }
+  /// Escape was pressed.
+  bool WasEnded() const { return m_wasEnded; }
+
+ private:
+  frmhlavni& m_window;
+  LongWork* m_around;
+  std::uint64_t m_lastLook = 0;
+  bool m_wasEnded = false;
+};
+
+/// What the progress report of long work throws when the work shall end.
+class WorkIsEnded : public std::exception {};
+
 /// The main window. Its parts are in files of their own: frmhlavni_layout (controls and places), frmhlavni_life
 /// (loading and closing), frmhlavni_search (the search panel), frmhlavni_panel (what it offers), frmhlavni_lists
 /// (selecting), frmhlavni_menu (handing the result out), frmhlavni_update (what reaches the internet),
-/// frmhlavni_previous (the way back from an update), frmhlavni_settings (the yes/no settings), frmhlavni_about (the
-/// About panel), frmhlavni_colors (the colours), frmhlavni_commands (the other buttons, hints and keys).
+/// frmhlavni_work (long work), frmhlavni_previous (the way back from an update), frmhlavni_settings (the yes/no
+/// settings), frmhlavni_about (the About panel), frmhlavni_colors (the colours), frmhlavni_commands (the other buttons,
+/// hints and keys).
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
@@ -85,6 +114,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   forms::Control* WorkGoesOnAt(const forms::Control& leaving) override;
 
  private:
+  friend class LongWork;
+
   // frmhlavni_layout
   void CreateMessagePanel();
   /// The About panel's buttons as they are designed. Their windows are made with the rest of the panel, when it is
@@ -165,7 +196,9 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void tlHNapoveda_Click();
   std::wstring CestaNapovedy() const;
   void ShowHelp(const std::wstring& path);
-  std::int32_t DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status);
+  std::int32_t DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status,
+                                  LongWork& work);
+  void ShowDownloaded(std::uint64_t bytes, std::uint64_t total);
   void TakeOverDownloadedFiles();
   void RestartSearching();
   void KeepTheDatabase();
@@ -173,6 +206,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // frmhlavni_previous
   void OfferPreviousDatabase();
   void SayThatDatabaseIsKept();
+  /// A text of the status bar that goes by itself after five seconds.
+  void SayForAWhile(std::wstring_view text);
   void TellOfLooseEnds();
 
   // frmhlavni_settings
@@ -188,6 +223,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void BindCommands();
   void tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme);
   void ClearMessage();
+  /// What the status bar says when nothing goes on.
+  void ShowRestingMessage();
   void tlHKonec_Click();
   void tlHNastaveni_Click();
   void tlHMeil_Click();
@@ -218,6 +255,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   bool m_samePostalCode = false;  // the result list already holds the municipalities of one PSČ
   std::optional<List> m_chosenRow;
   bool m_aboutIsOpen = false;
+  LongWork* m_work = nullptr;  // that goes on; null when none does
   bool m_searchingResumed = false;
   std::wstring_view m_modeHint;        // what the status bar has been told about the mode
   std::wstring m_searchOffer;          // what it has been told to offer after a search

@@ -50,6 +50,8 @@ void frmhlavni::BindCommands() {
 }
 
 void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme) {
+  // What goes on is more than what a button would do.
+  if (m_work != nullptr) return;
   if (!mme) return ClearMessage();
   m_statusBar.SetIcon(2, -1, icon);
   m_statusBar.SetText(button.ToolTipText(), 2, 0);
@@ -57,6 +59,12 @@ void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, 
 
 // The empty text takes the icon away, too.
 void frmhlavni::ClearMessage() { m_statusBar.SetText(L"", 2, SBT_NOBORDERS); }
+
+void frmhlavni::ShowRestingMessage() {
+  if (m_modeHint.empty()) return ClearMessage();
+  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  m_statusBar.SetText(m_modeHint, 2, 0);
+}
 
 void frmhlavni::tlHKonec_Click() { Unload(); }
 
@@ -81,6 +89,8 @@ void frmhlavni::tlHWWW_Click() { ClearMessage(); }
 void frmhlavni::tlHPCInfo_Click() { ClearMessage(); }
 
 void frmhlavni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t Shift) {
+  // Work that has messages handled in its own way.
+  if (m_work != nullptr && KeyCode == VK_ESCAPE && !KeyIsRepeated()) m_work->End();
   if (!forms::TakesInput(*this)) return;
   // A key that is held acts once.
   if (KeyCode == VK_F1 && Shift == 0) {

@@ -142,6 +142,8 @@ void frmhlavni::CentreMessagePanel() {
 
 void frmhlavni::Prubech(float fraction) {
   picZpravaI.FillRectangle(0, 0, picZpravaI.ScaleWidth() * fraction, picZpravaI.ScaleHeight());
+  // Whoever reports the progress knows what to do when it fails.
+  if (m_work != nullptr && !m_work->GoesOn()) throw WorkIsEnded();
 }
 
 void frmhlavni::PrubechPamet(float fraction) {

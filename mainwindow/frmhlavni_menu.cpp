@@ -78,9 +78,12 @@ void frmhlavni::RunListCommand(unsigned command, const std::wstring& heading) {
 void frmhlavni::PrintList(const std::wstring& heading) {
   const HourglassScope hourglass;
   const VisibleScope panel(picMPSCPI);
-  BeginStep(L"Strpení prosím, připravuji tisk.");
+  LongWork work(*this);
+  m_statusBar.SetIcon(2, -1, L"SEZNAM");
+  BeginStep(L"Tiskne se seznam vybraných obcí. Tisk ukončí klávesa Esc.", L"Strpení prosím, připravuji tisk.");
   m_database.pTisk(heading, *this);
   picZpravaI.Cls();
+  work.WasEnded() ? SayForAWhile(L"Tisk byl ukončen.") : ShowRestingMessage();
 }
 
 }  // namespace kvez

@@ -60,9 +60,7 @@ void frmhlavni::ShowSearchOffer(const std::wstring& text) {
 void frmhlavni::TakeSearchOfferAway() {
   const std::wstring offer = std::exchange(m_searchOffer, {});
   if (offer.empty() || m_statusBar.Message() != offer) return;
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  if (m_modeHint.empty()) return ClearMessage();
-  m_statusBar.SetText(m_modeHint, 2, 0);
+  ShowRestingMessage();
 }
 
 void frmhlavni::LeaveTypingModes() {

@@ -28,10 +28,12 @@ void frmhlavni::OfferPreviousDatabase() {
   if (m_database.pscCelkem() > 0) SayThatDatabaseIsKept();
 }
 
-void frmhlavni::SayThatDatabaseIsKept() {
+void frmhlavni::SayThatDatabaseIsKept() { SayForAWhile(L"Byla zachována původní databáze."); }
+
+void frmhlavni::SayForAWhile(std::wstring_view text) {
   m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  m_statusBar.SetText(L"Byla zachována původní databáze.", 2, 0);
-  m_messageTimer.Start(kMessageMilliseconds, [this, text = m_statusBar.Message()] {
+  m_statusBar.SetText(text, 2, 0);
+  m_messageTimer.Start(kMessageMilliseconds, [this, text = std::wstring(text)] {
     // A hint or another message may have taken its place.
     if (m_statusBar.Message() == text) ClearMessage();
   });

@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "database/application.h"
 #include "forms/input_gate.h"
 #include "mainwindow/addresses.h"
@@ -39,27 +41,44 @@ void frmhlavni::tlHAktualizace_Click() {
   m_statusBar.SetIcon(2, -1, L"STAZENI");
   // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
   if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
+  picMPSCPI.SetVisible(true);
   std::int32_t result = 0;
+  bool wasEnded = false;
   for (const UpdateFile& file : kUpdateFiles) {
+    LongWork work(*this);
     // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
-    result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status);
+    result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status, work);
     // The session ends: there is nobody left to download for, and nothing to say.
     if (!IsOpen()) return;
-    if (SessionEnds()) return ClearMessage();
+    wasEnded = work.WasEnded();
+    if (SessionEnds() || wasEnded) break;
   }
-  if (result == 0) {
-    TakeOverDownloadedFiles();
-  } else {
-    KeepTheDatabase();
-  }
+  if (result == 0 && !wasEnded && !SessionEnds()) return TakeOverDownloadedFiles();
+  picMPSCPI.SetVisible(false);
+  picZpravaI.Cls();
+  if (SessionEnds()) return ClearMessage();
+  // Whoever ends an update wants what was there before it, all of it.
+  if (wasEnded) m_previous.PutBack();
+  KeepTheDatabase();
 }
 
-std::int32_t frmhlavni::DownloadWithStatus(const std::wstring& name, const std::wstring& path,
-                                           std::wstring_view status) {
+std::int32_t frmhlavni::DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status,
+                                           LongWork& work) {
   m_statusBar.SetText(status, 2, SBT_POPOUT);
-  // Nothing is painted while the download runs.
   UpdateWindow(m_statusBar.Handle());
-  return m_services.downloader.Download(kDownloadBase + name, path);
+  BeginStep(L"Strpení prosím, stahuji. Ukončí to klávesa Esc.");
+  return m_services.downloader.Download(kDownloadBase + name, path, [&](std::uint64_t bytes, std::uint64_t total) {
+    ShowDownloaded(bytes, total);
+    return work.GoesOn();
+  });
+}
+
+void frmhlavni::ShowDownloaded(std::uint64_t bytes, std::uint64_t total) {
+  // Nobody may know how much will come; then the bar grows slower and slower, and never to its end.
+  constexpr std::uint64_t kUsualBytes = 256U << 10;
+  const std::uint64_t whole = std::max(bytes, total > 0 ? total : bytes + kUsualBytes);
+  const float fraction = static_cast<float>(bytes) / static_cast<float>(whole);
+  picZpravaI.FillRectangle(0, 0, picZpravaI.ScaleWidth() * fraction, picZpravaI.ScaleHeight());
 }
 
 void frmhlavni::TakeOverDownloadedFiles() {
@@ -118,7 +137,13 @@ void frmhlavni::tlHNapoveda_Click() {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
     m_statusBar.SetIcon(2, -1, L"STAZENI");
     const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
-    const std::int32_t result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.");
+    std::int32_t result = 0;
+    {
+      const VisibleScope panel(picMPSCPI);
+      LongWork work(*this);
+      result = DownloadWithStatus(kHelpFile, path, L"Bylo zahájeno stažení souboru nápovědy.", work);
+      picZpravaI.Cls();
+    }
     if (!IsOpen()) return;
     if (result == 0 && HasHelpContent(path)) {
       ShowHelp(path);

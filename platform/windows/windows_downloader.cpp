@@ -2,15 +2,22 @@
 
 #include <windows.h>
 // Stays below windows.h.
-#include <urlmon.h>
 #include <wininet.h>
 
+#include <memory>
+
+#include "platform/windows/download_job.h"
 #include "platform/windows/download_leftovers.h"
 #include "platform/windows/system_code_page.h"
 #include "platform/windows/system_library.h"
 
 namespace kvez {
 namespace {
+
+// Milliseconds.
+constexpr DWORD kBetweenLooks = 50;
+constexpr ULONGLONG kToEndByItself = 300;  // with the next byte, if one comes
+constexpr ULONGLONG kToBeAborted = 5000;
 
 // Both libraries are loaded when the first download asks: they would make up half of the program's start.
 
@@ -31,30 +38,79 @@ void Forget(const std::wstring& address) {
       });
 }
 
-template <typename Function, typename Character>
-HRESULT Fetch(const char* name, const Character* address, const Character* path) {
+// Without a caller. What is told of the progress is all that can be seen of it: the file comes into its place at the
+// end.
+template <typename Function, typename Text>
+DownloadJob::Call Fetch(const char* name, const Text& address, const Text& path) {
   const auto download = SystemFunction<Function>(LoadSystemLibrary(L"urlmon.dll"), name);
-  return download == nullptr ? E_NOTIMPL : download(nullptr, address, path, 0, nullptr);
+  return [download, address, path](IBindStatusCallback* status) -> HRESULT {
+    return download == nullptr ? E_NOTIMPL : download(nullptr, address.c_str(), path.c_str(), 0, status);
+  };
+}
+
+struct Letting {
+  void operator()(DownloadJob* job) const { job->Release(); }
+};
+using HeldJob = std::unique_ptr<DownloadJob, Letting>;
+
+DWORD WINAPI RunJob(void* parameter) {
+  const HeldJob job(static_cast<DownloadJob*>(parameter));
+  job->Run();
+  return 0;
 }
 
 }  // namespace
 
-std::int32_t WindowsDownloader::Download(const std::wstring& address, const std::wstring& path) {
+std::int32_t WindowsDownloader::Download(const std::wstring& address, const std::wstring& path,
+                                         const DownloadWatch& goesOn) {
+  // One that could not be ended may still write its file.
+  if (m_thread && WaitForSingleObject(m_thread.Get(), 0) == WAIT_TIMEOUT) return E_PENDING;
   // The call is happy with a copy that the system keeps from the last time; without one it has to ask the server.
   Forget(address);
   RemoveDownloadLeftovers(address.substr(address.rfind(L'/') + 1));
-  const HRESULT result = CallWithTexts(
+  const HeldJob job(new DownloadJob(CallWithTexts(
       address, path,
       [](const std::string& from, const std::string& to) {
-        return Fetch<decltype(URLDownloadToFileA)>("URLDownloadToFileA", from.c_str(), to.c_str());
+        return Fetch<decltype(URLDownloadToFileA)>("URLDownloadToFileA", from, to);
       },
       [](const std::wstring& from, const std::wstring& to) {
-        return Fetch<decltype(URLDownloadToFileW)>("URLDownloadToFileW", from.c_str(), to.c_str());
-      });
+        return Fetch<decltype(URLDownloadToFileW)>("URLDownloadToFileW", from, to);
+      })));
+  job->AddRef();
+  m_thread = OwnedFile(CreateThread(nullptr, 0, &RunJob, job.get(), 0, nullptr));
+  if (!m_thread) {
+    job->Release();
+    return E_OUTOFMEMORY;
+  }
+  const std::int32_t result = WaitFor(*job, goesOn);
   // What the system has kept of it, of a failed one too: it is of no use to anybody, and a server decides how long it
   // is.
   Forget(address);
   return result;
+}
+
+std::int32_t WindowsDownloader::WaitFor(DownloadJob& job, const DownloadWatch& goesOn) const {
+  std::uint64_t bytes = 0;
+  ULONGLONG lastByte = GetTickCount64();
+  ULONGLONG ended = 0;
+  const HANDLE thread = m_thread.Get();
+  while (MsgWaitForMultipleObjectsEx(1, &thread, kBetweenLooks, QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_OBJECT_0) {
+    const bool wanted = goesOn(job.Bytes(), job.Total());
+    const ULONGLONG now = GetTickCount64();
+    if (job.Bytes() != bytes) {
+      bytes = job.Bytes();
+      lastByte = now;
+    }
+    if (ended == 0 && (!wanted || bytes > m_limits.bytes || now - lastByte >= m_limits.standsStill)) {
+      job.End();
+      ended = now;
+    }
+    if (ended == 0) continue;
+    if (now - ended >= kToEndByItself) job.Abort();
+    if (now - ended >= kToBeAborted) return E_ABORT;
+  }
+  // It may have come to its end in the very moment when it was to be ended, or grown too fast for the looks.
+  return ended != 0 || job.Bytes() > m_limits.bytes ? E_ABORT : job.Result();
 }
 
 }  // namespace kvez

@@ -6,6 +6,7 @@
 #include <shlobj.h>
 
 #include "tests/program/update_fixture.h"
+#include "tests/support/list_menu_driver.h"
 
 namespace kvez::test {
 namespace {
@@ -44,6 +45,11 @@ class BadServer : public UpdateFixture {
           return program.ListCount(kLstMPSC) > 0 && !program.IsShown(kPicMPSCPI);
         },
         60));
+  }
+  static DWORD StateOf(const Program& program) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(program.MainWindow(), nullptr), &info) ? info.flags : 0;
   }
   /// How much the system keeps of what was downloaded, in bytes.
   static std::uintmax_t CacheSize() {
@@ -148,6 +154,42 @@ TEST_F(BadServer, ThatFallsSilentIsWaitedForAndLosesNothing) {
   program.Click(kTlHAktualizace);
   EXPECT_TRUE(WaitUpdated(program));
   EXPECT_THAT(KeptNames(), IsEmpty());
+  Close(program);
+}
+
+TEST_F(BadServer, ThatFallsSilentFreezesNothingAndEscapeEndsIt) {
+  server.Serve(Name(2), {.body = std::string(65536, 'x'), .sent = 20000, .then = HttpAnswer::Then::Stall});
+  Program program(Exe());
+  ASSERT_TRUE(program.WaitReady());
+  // Not by the pointer, which shall not rest on a button.
+  program.Focus(kTxtMPSC);
+  PressKey('A', false, false, true);
+  ASSERT_TRUE(WaitUntil([&] { return server.SentBytes() >= 20000 && program.IsShown(kPicMPSCPI); }));
+  EXPECT_EQ(program.Text(kLblZpravaI), L"Strpení prosím, stahuji. Ukončí to klávesa Esc.");
+  EXPECT_EQ(Status(program), L"Bylo zahájeno stažení aktuálního datového souboru okresy.");
+  // It answers, to the keys too. The Escape that closes the menu ends nothing else.
+  PressKey(VK_SPACE, false, false, true);
+  ASSERT_TRUE(WaitUntil([] { return OpenMenu() != nullptr; }));
+  for (const DWORD left : {GUI_POPUPMENUMODE, GUI_INMENUMODE}) {
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(WaitUntil([&] { return OpenMenu() == nullptr && (StateOf(program) & left) == 0; }));
+  }
+  RECT before{};
+  GetWindowRect(program.MainWindow(), &before);
+  SetWindowPos(program.MainWindow(), nullptr, before.left + 50, before.top + 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  EXPECT_TRUE(WaitUntil([&] {
+    RECT now{};
+    return GetWindowRect(program.MainWindow(), &now) && now.left == before.left + 50 && now.top == before.top + 30;
+  }));
+  EXPECT_FALSE(program.OpenDialog());
+  EXPECT_EQ(server.Requests().size(), 1U);
+  PressKey(VK_ESCAPE);
+  const Dialog message = program.WaitDialog();
+  EXPECT_EQ(message.text, L"Aktualizace databáze nebyla úspěšná.");
+  EXPECT_TRUE(program.Answer(message, IDOK));
+  EXPECT_TRUE(WaitUntil([&] { return Status(program) == L"Byla zachována původní databáze."; }));
+  ExpectTheOldData(program);
+  EXPECT_EQ(server.Requests().size(), 1U) << "the other two were not begun";
   Close(program);
 }
 

@@ -19,6 +19,7 @@ namespace kvez::test {
 namespace {
 
 using ::testing::AnyOf;
+using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr int kResultList = kLstMPSC + 1;
@@ -308,6 +309,22 @@ TEST_F(RealPrinterRun, PrintsTheListByTheTableOfPlaces) {
   }
   EXPECT_FALSE(program->OpenDialog());
   EXPECT_THAT(m_queue.Documents(), SizeIs(1));
+}
+
+TEST_F(RealPrinterRun, EscapeEndsALongPrintAndNoSheetComesOut) {
+  program->Focus(kTxtMPSC);
+  TypeText(L"*a*");
+  PressKey(VK_RETURN);
+  ASSERT_TRUE(WaitUntil([&] { return program->ListCount(kResultList) > 5'000; }));
+  Choose(MenuCommand::Print, L"Přejete si seznam vybraných obcí vytisknout ?");
+  const std::wstring status = L"Tiskne se seznam vybraných obcí. Tisk ukončí klávesa Esc.";
+  ASSERT_TRUE(WaitUntil([&] { return StatusText(program->StatusBar(), 2) == status; }));
+  EXPECT_TRUE(program->IsShown(kPicMPSCPI));
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(WaitUntil([&] { return StatusText(program->StatusBar(), 2) == L"Tisk byl ukončen."; }));
+  EXPECT_FALSE(program->IsShown(kPicMPSCPI));
+  EXPECT_FALSE(program->OpenDialog());
+  EXPECT_THAT(m_queue.Documents(), IsEmpty());
 }
 
 }  // namespace

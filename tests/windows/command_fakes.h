@@ -14,9 +14,11 @@ namespace kvez::test {
 /// Downloads that give the results of the test, 0 when it names none.
 class FakeDownloader : public Downloader {
  public:
-  std::int32_t Download(const std::wstring& address, const std::wstring& path) override {
+  std::int32_t Download(const std::wstring& address, const std::wstring& path, const DownloadWatch& goesOn) override {
     downloads.push_back(address + L" > " + path);
+    watch = goesOn;
     if (onDownload) onDownload(address, path);
+    watch = nullptr;
     const auto found = results.find(address.substr(address.rfind(L'/') + 1));
     return found == results.end() ? 0 : found->second;
   }
@@ -24,6 +26,7 @@ class FakeDownloader : public Downloader {
   std::vector<std::wstring> downloads;
   std::map<std::wstring, std::int32_t> results;  // by file name
   std::function<void(const std::wstring& address, const std::wstring& path)> onDownload;
+  DownloadWatch watch;  // of the download that goes on
 };
 
 class FakeHelpViewer : public HelpViewer {

@@ -28,7 +28,9 @@ class Downloads : public testing::Test {
   }
   void TearDown() override { std::filesystem::remove_all(folder); }
 
-  std::int32_t Get(const wchar_t* name) { return downloader.Download(server.Base() + name, (folder / name).wstring()); }
+  std::int32_t Get(const wchar_t* name) {
+    return downloader.Download(server.Base() + name, (folder / name).wstring(), goesOn);
+  }
   std::string Content(const wchar_t* name) {
     std::ifstream stream(folder / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
@@ -42,6 +44,7 @@ class Downloads : public testing::Test {
 
   HttpServer server;
   WindowsDownloader downloader;
+  DownloadWatch goesOn = [](std::uint64_t, std::uint64_t) { return true; };
   std::filesystem::path folder;
 };
 
@@ -128,6 +131,54 @@ TEST_P(EndlessDownloads, EndWithTheirServer) {
 INSTANTIATE_TEST_SUITE_P(, EndlessDownloads, testing::Values(HttpAnswer::Then::Endless, HttpAnswer::Then::Stall),
                          [](const auto& then) { return then.index == 0 ? "Endless" : "Stalled"; });
 
+// A server that has sent a part and nothing more.
+class StandingDownloads : public Downloads {
+ protected:
+  void SetUp() override {
+    Downloads::SetUp();
+    server.Serve("vd1.kl_", {.body = std::string(65536, 'x'), .sent = 20000, .then = HttpAnswer::Then::Stall});
+    other.Serve("vd2.kl_", {.body = "new"});
+  }
+  /// One that was ended has left the downloader able to get the next one.
+  void ExpectThatTheNextOneComes() {
+    goesOn = [](std::uint64_t, std::uint64_t) { return true; };
+    EXPECT_EQ(downloader.Download(other.Base() + L"vd2.kl_", (folder / L"vd2.kl_").wstring(), goesOn), 0);
+    EXPECT_EQ(Content(L"vd2.kl_"), "new");
+  }
+
+  // The system may keep the connection to the first for a while, and the tests' server has time for one only.
+  HttpServer other;
+};
+
+TEST_F(StandingDownloads, TellHowMuchHasComeAndEndWhenTheyAreTold) {
+  std::uint64_t whole = 0;
+  goesOn = [&whole](std::uint64_t bytes, std::uint64_t total) {
+    if (bytes == 0 || bytes > 20000) return true;
+    whole = total;
+    return false;
+  };
+  EXPECT_NE(Get(L"vd1.kl_"), 0);
+  EXPECT_EQ(whole, 65536U);
+  EXPECT_FALSE(IsKept(L"vd1.kl_"));
+  ExpectThatTheNextOneComes();
+}
+
+TEST_F(StandingDownloads, FailWhenTheyStandTooLong) {
+  downloader = WindowsDownloader({.standsStill = 500});
+  EXPECT_NE(Get(L"vd1.kl_"), 0);
+  ExpectThatTheNextOneComes();
+}
+
+TEST_F(Downloads, FailWhenTheyGrowWithoutEnd) {
+  downloader = WindowsDownloader({.bytes = 1U << 20});
+  server.Serve("vd1.kl_", {.body = std::string(65536, 'x'), .then = HttpAnswer::Then::Endless});
+  EXPECT_NE(Get(L"vd1.kl_"), 0);
+  server.Serve("vd2.kl_", {.body = std::string(1U << 20, 'x')});
+  EXPECT_EQ(Get(L"vd2.kl_"), 0) << "the greatest that may come";
+  server.Serve("vd3.kl_", {.body = std::string((1U << 20) + 1, 'x')});
+  EXPECT_NE(Get(L"vd3.kl_"), 0);
+}
+
 TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
   std::ofstream(folder / L"vd1.kl_", std::ios::binary) << "old";
   server.Stop();
@@ -137,7 +188,7 @@ TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
 
 TEST_F(Downloads, ArriveWhereTheCodePageCannotNameThePath) {
   server.Serve("x", {.body = "new"});
-  EXPECT_EQ(downloader.Download(server.Base() + L"x", (folder / L"日本.kl_").wstring()), 0);
+  EXPECT_EQ(downloader.Download(server.Base() + L"x", (folder / L"日本.kl_").wstring(), goesOn), 0);
   EXPECT_EQ(Content(L"日本.kl_"), "new");
 }
 

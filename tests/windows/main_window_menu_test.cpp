@@ -7,9 +7,11 @@
 #include "forms/mouse_pointer.h"
 #include "mainwindow/list_menu.h"
 #include "tests/support/program_driver.h"
+#include "tests/support/waiting.h"
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_test.h"
 #include "tests/windows/message_watch.h"
+#include "tests/windows/status_bar_view.h"
 
 namespace kvez {
 namespace {
@@ -306,6 +308,58 @@ TEST_F(MainWindowHandOut, ClosingThatWasTypedAheadWaitsForThePrint) {
   EXPECT_TRUE(test::PumpUntil([&] { return !window.IsOpen(); }));
   ASSERT_EQ(m_machine.messages.questions.size(), 2U);
   EXPECT_EQ(m_machine.messages.questions[1], (Question{L"Přejete si program ukončit ?", L"Kvez"}));
+}
+
+TEST_F(MainWindowHandOut, SaysThatItPrintsAndIsPaintedMeanwhile) {
+  frmhlavni& window = OpenWithResult();
+  const test::StatusBarView status(window.Handle());
+  bool paintedWhilePrinting = false;
+  const test::MessageWatch watch(window.lstMPSC[kListAll].Handle(), WM_PAINT, [&] {
+    paintedWhilePrinting = paintedWhilePrinting || m_machine.output.printer.HasOpenDocument();
+  });
+  m_machine.output.pendingMessages.onProcess = [&] {
+    EXPECT_EQ(status.Text(), L"Tiskne se seznam vybraných obcí. Tisk ukončí klávesa Esc.");
+    EXPECT_TRUE(status.ShowsIcon(L"SEZNAM"));
+    InvalidateRect(window.lstMPSC[kListAll].Handle(), nullptr, TRUE);
+  };
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_TRUE(paintedWhilePrinting);
+  EXPECT_EQ(m_machine.output.printer.documents, 1);
+  EXPECT_EQ(status.Text(), L"Vyhledá obce odpovídající zadanému textu.");
+  EXPECT_TRUE(status.ShowsIcon(L"APLIKACE"));
+}
+
+TEST_F(MainWindowHandOut, EscapeEndsThePrintAndNothingElse) {
+  frmhlavni& window = OpenWithResult();
+  m_machine.output.pendingMessages.onProcess = [&] {
+    test::TypeText(L"x");
+    test::PressKey(VK_ESCAPE);
+    // It has arrived, and nobody has taken it yet.
+    EXPECT_TRUE(test::WaitUntil([] { return (HIWORD(GetQueueStatus(QS_KEY)) & QS_KEY) != 0; }));
+  };
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_EQ(m_machine.output.printer.documents, 0);
+  EXPECT_EQ(m_machine.output.printer.discarded, 1);
+  EXPECT_FALSE(window.picMPSCPI.Visible());
+  EXPECT_THAT(m_machine.messages.messages, IsEmpty());
+  EXPECT_EQ(test::StatusBarView(window.Handle()).Text(), L"Tisk byl ukončen.");
+  EXPECT_EQ(window.txtMPSC[0].Text(), L"*e*");
+  m_machine.output.pendingMessages.onProcess = nullptr;
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_EQ(m_machine.output.printer.documents, 1) << "the next one comes out";
+}
+
+// The print has messages handled before it begins, and the one may be among them.
+TEST_F(MainWindowHandOut, EscapeThatComesBeforeTheFirstRowEndsThePrint) {
+  OpenWithResult();
+  m_machine.output.pendingMessages.onProcess = [] { PressKey(VK_ESCAPE); };
+  m_machine.messages.answers = {true};
+  Choose(1);
+  EXPECT_EQ(m_machine.output.printer.documents, 0);
+  EXPECT_EQ(test::StatusBarView(m_window->Handle()).Text(), L"Tisk byl ukončen.");
 }
 
 TEST_F(MainWindowHandOut, AnEndOfTheSessionLeavesNoHalfPrintAndNoMessage) {

@@ -1,0 +1,31 @@
+// Long work, a download or a print: the window stays alive behind it, and Escape ends it.
+
+#include <windows.h>
+
+#include <utility>
+
+#include "forms/message_loop.h"
+#include "mainwindow/frmhlavni.h"
+
+namespace kvez {
+namespace {
+
+// Whoever drags a window sees it follow; a list of thousands of rows loses no time over it.
+constexpr ULONGLONG kBetweenLooks = 20;  // milliseconds
+
+}  // namespace
+
+LongWork::LongWork(frmhlavni& window) : m_window(window), m_around(std::exchange(window.m_work, this)) {}
+
+LongWork::~LongWork() { m_window.m_work = m_around; }
+
+bool LongWork::GoesOn() {
+  const ULONGLONG now = GetTickCount64();
+  if (now - m_lastLook >= kBetweenLooks) {
+    m_wasEnded = forms::CatchUp(m_window) || m_wasEnded;
+    m_lastLook = GetTickCount64();
+  }
+  return !m_wasEnded && m_window.IsOpen() && !m_window.SessionEnds();
+}
+
+}  // namespace kvez
