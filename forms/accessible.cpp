@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "forms/control.h"
+#include "forms/private_messages.h"
 #include "forms/reach.h"
 #include "platform/windows/system_library.h"
 

@@ -9,10 +9,6 @@ namespace kvez::forms {
 
 class Control;
 
-/// Posted to a control whose default action a screen reader has triggered, so that its call returns at once even when
-/// the action opens a message box.
-constexpr UINT kDoDefaultActionMessage = WM_APP + 1;
-
 /// EVENT_OBJECT_LIVEREGIONCHANGED of Windows 8, which the headers hide where a program runs on Windows 7 as well.
 constexpr DWORD kLiveRegionChangedEvent = 0x8019;
 

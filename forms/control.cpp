@@ -10,6 +10,7 @@
 #include "forms/input.h"
 #include "forms/mouse_pointer.h"
 #include "forms/pointer.h"
+#include "forms/private_messages.h"
 #include "forms/reach.h"
 #include "forms/text_ruler.h"
 

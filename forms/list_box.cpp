@@ -8,13 +8,11 @@
 
 #include "forms/form.h"
 #include "forms/input_gate.h"
+#include "forms/private_messages.h"
 #include "forms/reach.h"
 
 namespace kvez::forms {
 namespace {
-
-// Sent by the box to itself when it was emptied and nobody has filled it since.
-constexpr UINT kDrawNow = WM_APP + 1;
 
 constexpr wchar_t kSample[] = L"Brandýs nad Labem";
 
@@ -59,7 +57,7 @@ void ListBox::Clear() {
     // Mostly a filling follows: the scroll bars would go and come back in front of the user's eyes, which takes longer
     // than the filling itself.
     Native(WM_SETREDRAW, FALSE);
-    m_drawsLater = PostMessageW(Handle(), kDrawNow, 0, 0) != FALSE;
+    m_drawsLater = PostMessageW(Handle(), kDrawNowMessage, 0, 0) != FALSE;
     if (!m_drawsLater) Native(WM_SETREDRAW, TRUE);
   }
   m_data.clear();
@@ -151,7 +149,7 @@ void ListBox::OnCommand(UINT notification) {
 }
 
 LRESULT ListBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == kDrawNow) {
+  if (message == kDrawNowMessage) {
     if (std::exchange(m_drawsLater, false)) DrawNow();
     return 0;
   }

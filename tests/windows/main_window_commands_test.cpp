@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "forms/accessible.h"
+#include "forms/private_messages.h"
 #include "mainwindow/addresses.h"
 #include "tests/support/handle_count.h"
 #include "tests/support/window_test.h"

@@ -3,6 +3,7 @@
 
 #include "forms/accessible.h"
 #include "forms/containers.h"
+#include "forms/private_messages.h"
 #include "tests/support/button_fixture.h"
 
 namespace kvez {
