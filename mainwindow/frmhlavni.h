@@ -22,6 +22,7 @@
 #include "mainwindow/message_timer.h"
 #include "mainwindow/previous_files.h"
 #include "mainwindow/search_panel_rules.h"
+#include "mainwindow/status_icons.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
 #include "postal/clspsc.h"
@@ -156,7 +157,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void ShowSearchResult(const std::wstring& description);
 
   // frmhlavni_panel
-  std::optional<SearchMode> Mode() const;
+  bool IsMode(SearchMode mode) const { return m_mode == mode; }
+  void ShowIcon(StatusIcon icon) { m_statusBar.SetIcon(kMessagePanel, -1, icon.name); }
   /// To be called at the end of every command: what the panel offers follows from what is chosen in it.
   void UpdatePanel();
   void ShowModeHint(std::wstring_view hint);
@@ -221,7 +223,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
 
   // frmhlavni_commands
   void BindCommands();
-  void tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme);
+  void tlH_MouseMoveEnabled(const tlText& button, StatusIcon icon, bool mme);
   void ClearMessage();
   /// What the status bar says when nothing goes on.
   void ShowRestingMessage();
@@ -249,9 +251,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // does not follow the pointer then.
   bool m_busy = true;
   std::array<bool, 3> m_settingTold{};  // it cannot be read, and the user knows
-  bool m_postalMode = false;
-  bool m_nameMode = false;
-  bool m_districtMode = false;
+  std::optional<SearchMode> m_mode;
   bool m_samePostalCode = false;  // the result list already holds the municipalities of one PSČ
   std::optional<List> m_chosenRow;
   bool m_aboutIsOpen = false;

@@ -27,8 +27,8 @@ void frmhlavni::tlHStorno_Click() {
   m_searchingResumed = true;
   UpdatePanel();
   // Before the panel goes: else the focus would fall to the light-blue field, which hides the search button.
-  if (txtMPSC[0].Enabled()) {
-    txtMPSC[0].SetFocus();
+  if (txtMPSC[kFieldText].Enabled()) {
+    txtMPSC[kFieldText].SetFocus();
   } else {
     lstMPSC[kListDistricts].SetFocus();
   }

@@ -27,7 +27,7 @@ COLORREF frmhlavni::FieldColor() {
 }
 
 void frmhlavni::Form_SysColorsChanged() {
-  txtMPSC[1].SetBackColor(FieldColor());
+  txtMPSC[kFieldBeginning].SetBackColor(FieldColor());
   for (tlText* button : {&tlHMeil, &tlHWWW, &tlHPCInfo, &tlHStorno, &tlHVyhledej, &tlHObcePSC, &tlHAktualizace,
                          &tlHNapoveda, &tlHOaplikaci, &tlHNastaveni, &tlHKonec}) {
     button->SetBackColor(BackColor());

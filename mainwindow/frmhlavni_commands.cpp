@@ -15,21 +15,21 @@ namespace kvez {
 void frmhlavni::BindCommands() {
   struct Hint {
     tlText& button;
-    const wchar_t* icon;
+    StatusIcon icon;
   };
   // tlHObcePSC_MouseMoveEnabled, tlHVyhledej_MouseMoveEnabled and so on: one handler for all.
   const std::array<Hint, 11> hints = {{
-      {tlHObcePSC, L"NAJDI"},
-      {tlHVyhledej, L"NAJDI"},
-      {tlHAktualizace, L"APLIKACE"},
-      {tlHNapoveda, L"NAPOVEDA"},
-      {tlHOaplikaci, L"APLIKACE"},
-      {tlHNastaveni, L"NASTAVENI"},
-      {tlHKonec, L"APLIKACE"},
-      {tlHMeil, L"MEIL"},
-      {tlHWWW, L"INTERNET"},
-      {tlHPCInfo, L"POCITAC"},
-      {tlHStorno, L"APLIKACE"},
+      {tlHObcePSC, kIconSearch},
+      {tlHVyhledej, kIconSearch},
+      {tlHAktualizace, kIconProgram},
+      {tlHNapoveda, kIconHelp},
+      {tlHOaplikaci, kIconProgram},
+      {tlHNastaveni, kIconSettings},
+      {tlHKonec, kIconProgram},
+      {tlHMeil, kIconMail},
+      {tlHWWW, kIconInternet},
+      {tlHPCInfo, kIconComputer},
+      {tlHStorno, kIconProgram},
   }};
   for (const Hint& hint : hints) {
     hint.button.MouseMoveEnabled = [this, &button = hint.button, icon = hint.icon](bool mme) {
@@ -49,21 +49,21 @@ void frmhlavni::BindCommands() {
   SetCancelButton(&tlHStorno);
 }
 
-void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, const wchar_t* icon, bool mme) {
+void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, StatusIcon icon, bool mme) {
   // What goes on is more than what a button would do.
   if (m_work != nullptr) return;
   if (!mme) return ClearMessage();
-  m_statusBar.SetIcon(2, -1, icon);
-  m_statusBar.SetText(button.ToolTipText(), 2, 0);
+  ShowIcon(icon);
+  m_statusBar.SetText(button.ToolTipText(), kMessagePanel, 0);
 }
 
 // The empty text takes the icon away, too.
-void frmhlavni::ClearMessage() { m_statusBar.SetText(L"", 2, SBT_NOBORDERS); }
+void frmhlavni::ClearMessage() { m_statusBar.SetText(L"", kMessagePanel, SBT_NOBORDERS); }
 
 void frmhlavni::ShowRestingMessage() {
   if (m_modeHint.empty()) return ClearMessage();
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  m_statusBar.SetText(m_modeHint, 2, 0);
+  ShowIcon(kIconProgram);
+  m_statusBar.SetText(m_modeHint, kMessagePanel, 0);
 }
 
 void frmhlavni::tlHKonec_Click() { Unload(); }
@@ -127,7 +127,7 @@ forms::Control* frmhlavni::WorkGoesOnAt(const forms::Control& leaving) {
   // Whatever disables or hides one of these is a selection in a list, or has just filled one.
   if (&leaving == &tlHVyhledej || &leaving == &tlHObcePSC) return &lstMPSC[m_shown.list];
   // The districts have taken the place of the field, and of the other list.
-  if (&leaving == &txtMPSC[0] || &leaving == &lstMPSC[kListAll]) return &lstMPSC[kListDistricts];
+  if (&leaving == &txtMPSC[kFieldText] || &leaving == &lstMPSC[kListAll]) return &lstMPSC[kListDistricts];
   return nullptr;
 }
 

@@ -133,10 +133,10 @@ void frmhlavni::CreateAboutPanel() {
 }
 
 void frmhlavni::CreateSearchPanel() {
-  txtMPSC[1].Create(*this, kTxtMPSC + 1, {kLeftColumn, 30, kColumnWidth, 285});
-  txtMPSC[1].SetBackColor(FieldColor());
-  txtMPSC[1].SetAccessibleName(L"Světlemodré pole: vyhledání v seznamu");
-  txtMPSC[1].SetToolTipText(
+  txtMPSC[kFieldBeginning].Create(*this, kTxtMPSC + kFieldBeginning, {kLeftColumn, 30, kColumnWidth, 285});
+  txtMPSC[kFieldBeginning].SetBackColor(FieldColor());
+  txtMPSC[kFieldBeginning].SetAccessibleName(L"Světlemodré pole: vyhledání v seznamu");
+  txtMPSC[kFieldBeginning].SetToolTipText(
       L"Vyhledá v seznamu položku, která začíná zadaným textem. Klávesa Shift přejde do druhého pole.");
   lstMPSC[kListAll].Create(*this, kLstMPSC, kListPlace);
   lstMPSC[kListAll].SetAccessibleName(L"Všechny obce");
@@ -145,14 +145,16 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListDistricts].Create(*this, kLstMPSC + 2, kListPlace);
   lstMPSC[kListDistricts].SetAccessibleName(L"Okresy");
   lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
-  lblPSCV[0].Create(*this, kLblPSCV, {kLeftColumn, kCountTop, kColumnWidth, kLineHeight});
-  lblPSCV[0].SetIsLiveRegion(true);
-  lblPSCV[0].SetToolTipText(L"Počet položek v seznamu.");
-  txtMPSC[0].Create(*this, kTxtMPSC, {kLeftColumn, 3390, kColumnWidth, 285});
-  txtMPSC[0].SetAccessibleName(L"Vyhledej");
-  txtMPSC[0].SetToolTipText(L"Zadejte hledaný text a stiskněte Enter. Klávesa Shift přejde do světlemodrého pole.");
+  lblPSCV[kCountAll].Create(*this, kLblPSCV + kCountAll, {kLeftColumn, kCountTop, kColumnWidth, kLineHeight});
+  lblPSCV[kCountAll].SetIsLiveRegion(true);
+  lblPSCV[kCountAll].SetToolTipText(L"Počet položek v seznamu.");
+  txtMPSC[kFieldText].Create(*this, kTxtMPSC + kFieldText, {kLeftColumn, 3390, kColumnWidth, 285});
+  txtMPSC[kFieldText].SetAccessibleName(L"Vyhledej");
+  txtMPSC[kFieldText].SetToolTipText(
+      L"Zadejte hledaný text a stiskněte Enter. Klávesa Shift přejde do světlemodrého pole.");
 
-  lblMPSCH[2].Create(*this, kLblMPSCH + 2, {kLeftColumn, 3765, 765, kLineHeight}, L"Vyhledej");
+  lblMPSCH[kHeadingSearch].Create(*this, kLblMPSCH + kHeadingSearch, {kLeftColumn, 3765, 765, kLineHeight},
+                                  L"Vyhledej");
   struct Option {
     const wchar_t* caption;
     const wchar_t* toolTip;
@@ -175,9 +177,9 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListResult].Create(*this, kLstMPSC + 1, {kRightColumn, 330, kColumnWidth, 2790});
   lstMPSC[kListResult].SetAccessibleName(L"Nalezené obce");
   lstMPSC[kListResult].SetToolTipText(L"Po stisknutí pravého tlačítka myši se zobrazí nabídka.");
-  lblPSCV[1].Create(*this, kLblPSCV + 1, {kRightColumn, kCountTop, kColumnWidth, kLineHeight});
-  lblPSCV[1].SetIsLiveRegion(true);
-  lblPSCV[1].SetToolTipText(L"Počet nalezených obcí.");
+  lblPSCV[kCountResult].Create(*this, kLblPSCV + kCountResult, {kRightColumn, kCountTop, kColumnWidth, kLineHeight});
+  lblPSCV[kCountResult].SetIsLiveRegion(true);
+  lblPSCV[kCountResult].SetToolTipText(L"Počet nalezených obcí.");
 
   constexpr std::array<const wchar_t*, 2> kHeadings = {L"Obec", L"Okres"};
   for (std::size_t i = 0; i < kHeadings.size(); ++i) {

@@ -35,7 +35,7 @@ void frmhlavni::Titul() {
   tlHOaplikaci.SetToolTipText(L"Kontakt na autora.");
   // The light-blue field comes first in the order of the Tab key, but with the focus it would hide the search button
   // as long as the loading takes.
-  txtMPSC[0].SetFocus();
+  txtMPSC[kFieldText].SetFocus();
   Show();
   // Painted before the long loading begins.
   forms::DoEvents();
@@ -44,7 +44,7 @@ void frmhlavni::Titul() {
 void frmhlavni::NactiDatabazi() {
   {
     const HourglassScope hourglass;
-    m_statusBar.SetIcon(2, -1, L"NACITANI");
+    ShowIcon(kIconLoading);
     try {
       LoadAndFillLists();
     } catch (...) {
@@ -60,7 +60,7 @@ void frmhlavni::NactiDatabazi() {
   if (!IsOpen()) return;
   const std::wstring updated = LastUpdateText();
   tlHAktualizace.SetToolTipText(updated);
-  m_statusBar.SetText(updated, 2, 0);
+  m_statusBar.SetText(updated, kMessagePanel, 0);
 }
 
 void frmhlavni::LoadAndFillLists() {
@@ -91,7 +91,7 @@ void frmhlavni::ShowNoData() {
 }
 
 void frmhlavni::BeginStep(std::wstring_view status, std::wstring_view message) {
-  m_statusBar.SetText(status, 2, 0);
+  m_statusBar.SetText(status, kMessagePanel, 0);
   BeginStep(message);
 }
 
@@ -111,11 +111,11 @@ void frmhlavni::ShowMessage(std::wstring_view message) {
 void frmhlavni::FillLists() {
   // The long list is drawn when the panel no longer lies on it; each look of it takes as long as a thousand rows.
   const FillScope listIsDrawnOnce(lstMPSC[kListAll]);
-  m_statusBar.SetIcon(2, -1, L"SEZNAM");
+  ShowIcon(kIconList);
   BeginStep(L"Vytváření uživatelského seznamu.", L"Strpení prosím, vytvářím seznam obcí.");
   m_database.pscVyberVse(m_allList, *this);
-  lblPSCV[0].SetCaption(m_database.pscVybran());
-  lblPSCV[1].SetCaption(L"");
+  lblPSCV[kCountAll].SetCaption(m_database.pscVybran());
+  lblPSCV[kCountResult].SetCaption(L"");
   const bool districts = m_database.pscoCelkem() > 0;
   if (districts) {
     BeginStep(L"Strpení prosím, vytvářím pomocný seznam okresů.");
@@ -124,7 +124,7 @@ void frmhlavni::FillLists() {
   optMPSC[kModeDistrict].SetVisible(districts);
   picMPSCPI.SetVisible(false);
   picZpravaI.Cls();
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  ShowIcon(kIconProgram);
 }
 
 std::wstring frmhlavni::LastUpdateText() const {

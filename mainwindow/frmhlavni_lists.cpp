@@ -14,8 +14,8 @@ constexpr std::int16_t kSelectUnderPointer = 0;
 void frmhlavni::lstMPSC_Click(std::size_t index) {
   EndDeferredSearch();
   m_shown = {index, lstMPSC[index].ListIndex()};
-  txtMPSC[0].SetEnabled(true);
-  txtMPSC[0].SetMaxLength(0);
+  txtMPSC[kFieldText].SetEnabled(true);
+  txtMPSC[kFieldText].SetMaxLength(0);
   lstMPSC[index].ListIndex() >= 0 ? ChooseRow(index) : ForgetRow(index);
   UpdatePanel();
   switch (index) {
@@ -29,11 +29,11 @@ void frmhlavni::lstMPSC_Click(std::size_t index) {
       ShowDistrict();
       return;
   }
-  txtMPSC[0].SetText(m_database.pscPSCObec());
+  txtMPSC[kFieldText].SetText(m_database.pscPSCObec());
   // The focus stays in the list, whose row is only the name.
   if (lstMPSC[index].ListIndex() >= 0) lblPSCV[index].Announce(m_database.pscPSCObec());
-  lblNPSCHT[0].SetCaption(m_database.pscObec());
-  lblNPSCHT[1].SetCaption(m_database.pscOkres());
+  lblNPSCHT[kDetailMunicipality].SetCaption(m_database.pscObec());
+  lblNPSCHT[kDetailDistrict].SetCaption(m_database.pscOkres());
 }
 
 void frmhlavni::ShowMunicipality() {
@@ -43,7 +43,7 @@ void frmhlavni::ShowMunicipality() {
   } else {
     m_database.pscDetail(0);
   }
-  lblPSCV[0].SetCaption(m_database.pscVybran());
+  lblPSCV[kCountAll].SetCaption(m_database.pscVybran());
 }
 
 void frmhlavni::ShowResult() {
@@ -52,7 +52,7 @@ void frmhlavni::ShowResult() {
     m_database.pDetail(list.ItemData(list.ListIndex()));
     tlHObcePSC.SetToolTipText(L"Vytvoří seznam obcí pro PSČ \"" + m_database.pscPSCObec() + L"\".");
   }
-  lblPSCV[1].SetCaption(m_database.pVybran());
+  lblPSCV[kCountResult].SetCaption(m_database.pVybran());
 }
 
 void frmhlavni::ShowDistrict() {
@@ -62,7 +62,7 @@ void frmhlavni::ShowDistrict() {
   } else {
     m_database.pscoDetail(0);
   }
-  lblPSCV[0].SetCaption(m_database.pscoVybran());
+  lblPSCV[kCountAll].SetCaption(m_database.pscoVybran());
 }
 
 void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {
@@ -82,7 +82,7 @@ void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips)
 void frmhlavni::lstMPSC_KeyDown(std::size_t index, std::int16_t keyCode, std::int16_t shift) {
   if (!forms::TakesInput(*this)) return;
   if (keyCode == VK_RETURN && shift == 0 && !KeyIsRepeated()) {
-    forms::TextBox& field = txtMPSC[0].Enabled() ? txtMPSC[0] : txtMPSC[1];
+    forms::TextBox& field = txtMPSC[kFieldText].Enabled() ? txtMPSC[kFieldText] : txtMPSC[kFieldBeginning];
     field.SetFocus();
     // As after Tab: typing begins a new search.
     field.SelectAll();

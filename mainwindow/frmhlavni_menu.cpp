@@ -79,7 +79,7 @@ void frmhlavni::PrintList(const std::wstring& heading) {
   const HourglassScope hourglass;
   const VisibleScope panel(picMPSCPI);
   LongWork work(*this);
-  m_statusBar.SetIcon(2, -1, L"SEZNAM");
+  ShowIcon(kIconList);
   BeginStep(L"Tiskne se seznam vybraných obcí. Tisk ukončí klávesa Esc.", L"Strpení prosím, připravuji tisk.");
   m_database.pTisk(heading, *this);
   picZpravaI.Cls();

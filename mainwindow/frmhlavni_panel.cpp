@@ -8,16 +8,9 @@
 
 namespace kvez {
 
-std::optional<SearchMode> frmhlavni::Mode() const {
-  if (m_postalMode) return kModePostal;
-  if (m_nameMode) return kModeName;
-  if (m_districtMode) return kModeDistrict;
-  return std::nullopt;
-}
-
 void frmhlavni::UpdatePanel() {
   if (!IsOpen()) return;
-  const PanelOffer offer = OfferOf({.mode = Mode(),
+  const PanelOffer offer = OfferOf({.mode = m_mode,
                                     .row = m_chosenRow,
                                     .samePostalCode = m_samePostalCode,
                                     .aboutIsOpen = m_aboutIsOpen,
@@ -35,7 +28,7 @@ void frmhlavni::ShowModeHint(std::wstring_view hint) {
   const std::wstring_view shown = std::exchange(m_modeHint, hint);
   if (hint == shown) return;
   if (!hint.empty()) {
-    m_statusBar.SetText(hint, 2, 0);
+    m_statusBar.SetText(hint, kMessagePanel, 0);
   } else if (m_statusBar.Message() == shown) {
     // What else the status bar says meanwhile is no hint of a mode.
     ClearMessage();
@@ -43,8 +36,8 @@ void frmhlavni::ShowModeHint(std::wstring_view hint) {
 }
 
 void frmhlavni::ShowSearchOffer(const std::wstring& text) {
-  if (m_districtMode) return;
-  const auto by = m_postalMode ? EndedSearch::By::PostalCode : EndedSearch::By::Name;
+  if (IsMode(kModeDistrict)) return;
+  const auto by = IsMode(kModePostal) ? EndedSearch::By::PostalCode : EndedSearch::By::Name;
   try {
     m_searchOffer = OfferAfter({by, text, m_database.pCelkem()}, m_database.Municipalities(), m_database.PostOffices(),
                                m_platform.formats);
@@ -53,8 +46,8 @@ void frmhlavni::ShowSearchOffer(const std::wstring& text) {
     m_searchOffer.clear();
   }
   if (m_searchOffer.empty()) return;
-  m_statusBar.SetIcon(2, -1, L"NAJDI");
-  m_statusBar.SetText(m_searchOffer, 2, 0);
+  ShowIcon(kIconSearch);
+  m_statusBar.SetText(m_searchOffer, kMessagePanel, 0);
 }
 
 void frmhlavni::TakeSearchOfferAway() {
@@ -64,12 +57,11 @@ void frmhlavni::TakeSearchOfferAway() {
 }
 
 void frmhlavni::LeaveTypingModes() {
-  if (!m_postalMode && !m_nameMode) return;
+  if (!IsMode(kModePostal) && !IsMode(kModeName)) return;
   optMPSC[kModePostal].SetValue(false);
   optMPSC[kModeName].SetValue(false);
-  m_postalMode = false;
-  m_nameMode = false;
-  txtMPSC[1].SetText(L"");
+  m_mode.reset();
+  txtMPSC[kFieldBeginning].SetText(L"");
 }
 
 void frmhlavni::ChooseRow(std::size_t list) {

@@ -31,8 +31,8 @@ void frmhlavni::OfferPreviousDatabase() {
 void frmhlavni::SayThatDatabaseIsKept() { SayForAWhile(L"Byla zachována původní databáze."); }
 
 void frmhlavni::SayForAWhile(std::wstring_view text) {
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  m_statusBar.SetText(text, 2, 0);
+  ShowIcon(kIconProgram);
+  m_statusBar.SetText(text, kMessagePanel, 0);
   m_messageTimer.Start(kMessageMilliseconds, [this, text = std::wstring(text)] {
     // A hint or another message may have taken its place.
     if (m_statusBar.Message() == text) ClearMessage();
@@ -44,9 +44,9 @@ void frmhlavni::TellOfLooseEnds() {
   if (sentence.empty()) return;
   const std::wstring updated = LastUpdateText();
   tlHAktualizace.SetToolTipText(updated + L" " + sentence);
-  m_statusBar.SetText(sentence, 2, 0);
+  m_statusBar.SetText(sentence, kMessagePanel, 0);
   m_messageTimer.Start(kMessageMilliseconds, [this, sentence, updated] {
-    if (m_statusBar.Message() == sentence) m_statusBar.SetText(updated, 2, 0);
+    if (m_statusBar.Message() == sentence) m_statusBar.SetText(updated, kMessagePanel, 0);
   });
 }
 

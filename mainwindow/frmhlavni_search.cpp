@@ -29,32 +29,30 @@ void EditByKey(const forms::TextBox& box, std::int16_t keyCode) {
 }  // namespace
 
 void frmhlavni::optMPSC_Click(std::size_t index) {
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
+  ShowIcon(kIconProgram);
   EndDeferredSearch();
-  m_postalMode = index == kModePostal;
-  m_nameMode = index == kModeName;
-  m_districtMode = index == kModeDistrict;
+  m_mode = static_cast<SearchMode>(index);
   m_chosenRow.reset();
   m_searchingResumed = false;
   m_modeHint = {};
   UpdatePanel();
 
   // The list that the mode works with is shown, with nothing selected, in the place that both share.
-  lstMPSC[kListAll].SetVisible(!m_districtMode);
-  lstMPSC[kListDistricts].SetVisible(m_districtMode);
-  lstMPSC[m_districtMode ? kListDistricts : kListAll].SetListIndex(-1);
+  lstMPSC[kListAll].SetVisible(!IsMode(kModeDistrict));
+  lstMPSC[kListDistricts].SetVisible(IsMode(kModeDistrict));
+  lstMPSC[IsMode(kModeDistrict) ? kListDistricts : kListAll].SetListIndex(-1);
   m_shown.row = -1;
   // Behind the selection, which has allowed the address of any length.
-  const int maxLength = m_postalMode ? kPostalTextLength : 0;
+  const int maxLength = IsMode(kModePostal) ? kPostalTextLength : 0;
   for (forms::TextBox& box : txtMPSC) box.SetMaxLength(maxLength);
 
   for (forms::TextBox& box : txtMPSC) box.SetText(L"");
   for (forms::Label& label : lblNPSCHT) label.SetCaption(L"");
-  txtMPSC[0].SetEnabled(!m_districtMode);
+  txtMPSC[kFieldText].SetEnabled(!IsMode(kModeDistrict));
   // A search has left the cursor on its last row, which is none of this list's.
-  m_districtMode ? m_database.pscoDetail(0) : m_database.pscDetail(0);
-  lblPSCV[0].SetCaption(m_districtMode ? m_database.pscoVybran() : m_database.pscVybran());
-  if (!m_districtMode) txtMPSC[0].SetFocus();
+  IsMode(kModeDistrict) ? m_database.pscoDetail(0) : m_database.pscDetail(0);
+  lblPSCV[kCountAll].SetCaption(IsMode(kModeDistrict) ? m_database.pscoVybran() : m_database.pscVybran());
+  if (!IsMode(kModeDistrict)) txtMPSC[kFieldText].SetFocus();
 }
 
 void frmhlavni::txtMPSC_GotFocus(std::size_t index) {
@@ -67,40 +65,40 @@ void frmhlavni::txtMPSC_LostFocus(std::size_t index) {
 
 void frmhlavni::txtMPSC_KeyPress(std::size_t /*index*/, std::int16_t& keyAscii) {
   // Enter was handled when the key went down; passed on it would only beep.
-  if (keyAscii == kKeyEnter || (m_postalMode && keyAscii != kCtrlA && !IsPostalKey(keyAscii))) keyAscii = 0;
+  if (keyAscii == kKeyEnter || (IsMode(kModePostal) && keyAscii != kCtrlA && !IsPostalKey(keyAscii))) keyAscii = 0;
 }
 
 void frmhlavni::txtMPSC_Change(std::size_t index) {
   forms::TextBox& box = txtMPSC[index];
   const std::wstring text = box.Text();
   if (index == 1) m_deferredSearchIsDue = !text.empty();
-  if (m_postalMode && !text.empty() && !IsPostalText(text)) box.SetText(L"");
+  if (IsMode(kModePostal) && !text.empty() && !IsPostalText(text)) box.SetText(L"");
 }
 
 std::wstring frmhlavni::txtMPSC_Paste(const std::wstring& text) const {
-  return m_postalMode ? PostalTextToPaste(text, kPostalTextLength) : NameToPaste(text);
+  return IsMode(kModePostal) ? PostalTextToPaste(text, kPostalTextLength) : NameToPaste(text);
 }
 
 void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift) {
   // The filter of PSČ mode swallows the control characters of the clipboard keys, too: their work is done here.
-  if (m_postalMode && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
+  if (IsMode(kModePostal) && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
   // A key that is held acts once; with Ctrl or Alt, Shift belongs to what comes next.
   const bool acts = !KeyIsRepeated();
-  if (keyCode == kKeyShift && acts && (shift & ~forms::kShiftMask) == 0 && (m_postalMode || m_nameMode)) {
+  if (keyCode == kKeyShift && acts && (shift & ~forms::kShiftMask) == 0 && (IsMode(kModePostal) || IsMode(kModeName))) {
     HandFocusOver(txtMPSC[index], txtMPSC[index == 0 ? 1 : 0]);
   }
   if (index == 0) {
     if (keyCode != kKeyEnter || !acts || !forms::TakesInput(*this)) return;
     VyhledejSeznam();
-    txtMPSC[1].SetText(L"");
-    txtMPSC[0].SelectAll();
+    txtMPSC[kFieldBeginning].SetText(L"");
+    txtMPSC[kFieldText].SelectAll();
     return;
   }
   if (IsSet(kSearchWhileTyping)) {
     tmrMPSC.SetEnabled(false);
   } else if (keyCode == kKeyEnter && acts) {
     tmrMPSC_Timer();
-    txtMPSC[1].SelectAll();
+    txtMPSC[kFieldBeginning].SelectAll();
   }
 }
 
@@ -125,12 +123,12 @@ void frmhlavni::tmrMPSC_Timer() {
     return;
   }
   EndDeferredSearch();
-  if (Trimmed(txtMPSC[1].Text()).empty()) return;
-  if (m_districtMode) {
+  if (Trimmed(txtMPSC[kFieldBeginning].Text()).empty()) return;
+  if (IsMode(kModeDistrict)) {
     SelectBeginning(kListDistricts);
-  } else if (m_postalMode) {
+  } else if (IsMode(kModePostal)) {
     VyhledejPSC();
-  } else if (m_nameMode) {
+  } else if (IsMode(kModeName)) {
     SelectBeginning(kListAll);
   } else {
     SayThatNoModeIsChosen();
@@ -139,7 +137,7 @@ void frmhlavni::tmrMPSC_Timer() {
 
 void frmhlavni::SelectBeginning(std::size_t index) {
   forms::ListBox& list = lstMPSC[index];
-  const std::wstring text = txtMPSC[1].Text();
+  const std::wstring text = txtMPSC[kFieldBeginning].Text();
   const int before = list.ListIndex();
   int found = list.FindString(text);
   // What was copied along with a name is no part of it; a blank that was typed may be.
@@ -150,19 +148,19 @@ void frmhlavni::SelectBeginning(std::size_t index) {
 }
 
 void frmhlavni::SayThatNoModeIsChosen() {
-  m_statusBar.SetIcon(2, -1, L"APLIKACE");
-  m_statusBar.SetText(L"Nejdříve zvolte PSČ, Obec nebo Okres.", 2, 0);
+  ShowIcon(kIconProgram);
+  m_statusBar.SetText(L"Nejdříve zvolte PSČ, Obec nebo Okres.", kMessagePanel, 0);
 }
 
 void frmhlavni::VyhledejSeznam() {
   if (!forms::TakesInput(*this) || m_aboutIsOpen) return;
-  if (!Mode()) return SayThatNoModeIsChosen();
+  if (!m_mode) return SayThatNoModeIsChosen();
   if (!tlHVyhledej.Enabled()) return;
   EndDeferredSearch();
   const forms::InputPause pause(*this);
   const BusyScope busy(m_busy);
-  const std::wstring text = Trimmed(txtMPSC[0].Text());
-  lblPSCV[1].SetCaption(L"");
+  const std::wstring text = Trimmed(txtMPSC[kFieldText].Text());
+  lblPSCV[kCountResult].SetCaption(L"");
   lblMPSCN.SetCaption(L"");
   lblMPSCN.Refresh();
   m_samePostalCode = false;
@@ -176,10 +174,10 @@ void frmhlavni::VyhledejSeznam() {
     } else if (optMPSC[kModeName].Value()) {
       m_database.pscVyberPostu(text, m_resultList, description);
     } else if (optMPSC[kModeDistrict].Value()) {
-      txtMPSC[0].SetText(L"");
+      txtMPSC[kFieldText].SetText(L"");
       const forms::ListBox& list = lstMPSC[kListDistricts];
-      lblNPSCHT[0].SetCaption(list.ListIndex() >= 0 ? L"všechny obce okresu" : L"");
-      lblNPSCHT[1].SetCaption(list.List(list.ListIndex()));
+      lblNPSCHT[kDetailMunicipality].SetCaption(list.ListIndex() >= 0 ? L"všechny obce okresu" : L"");
+      lblNPSCHT[kDetailDistrict].SetCaption(list.List(list.ListIndex()));
       m_database.pscoVyberPostu(m_resultList, description);
     }
   }
@@ -188,10 +186,10 @@ void frmhlavni::VyhledejSeznam() {
     // Re-setting the values shows the mode again; a value that stays the same raises no click.
     for (const SearchMode mode : {kModePostal, kModeName}) optMPSC[mode].SetValue(optMPSC[mode].Value());
   } else if (!optMPSC[kModeDistrict].Value()) {
-    txtMPSC[0].SetFocus();
+    txtMPSC[kFieldText].SetFocus();
   }
-  lblPSCV[1].SetCaption(m_database.pVybran());
-  lblPSCV[1].Announce();
+  lblPSCV[kCountResult].SetCaption(m_database.pVybran());
+  lblPSCV[kCountResult].Announce();
   ForgetRow(kListResult);
   UpdatePanel();
   ShowSearchOffer(text);
@@ -204,22 +202,22 @@ void frmhlavni::VyhledejPSC() {
   std::wstring description;
   {
     const HourglassScope hourglass;
-    m_database.pscNajdiPSC(false, ReadPostalCode(txtMPSC[1].Text()), m_resultList, description);
+    m_database.pscNajdiPSC(false, ReadPostalCode(txtMPSC[kFieldBeginning].Text()), m_resultList, description);
   }
   ShowSearchResult(description);
 }
 
 void frmhlavni::ShowSearchResult(const std::wstring& description) {
   lblMPSCN.SetCaption(description);
-  lblPSCV[1].SetCaption(m_database.pVybran());
-  lblPSCV[1].Announce();
+  lblPSCV[kCountResult].SetCaption(m_database.pVybran());
+  lblPSCV[kCountResult].Announce();
   ForgetRow(kListResult);
   UpdatePanel();
 }
 
 void frmhlavni::tlHVyhledej_Click() {
   VyhledejSeznam();
-  txtMPSC[0].SelectAll();
+  txtMPSC[kFieldText].SelectAll();
 }
 
 void frmhlavni::tlHObcePSC_Click() {

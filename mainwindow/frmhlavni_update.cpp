@@ -38,7 +38,7 @@ void frmhlavni::tlHAktualizace_Click() {
   const forms::InputPause pause(*this);
   // What a failure just before has left to be cleared is over; it must not clear what this one says.
   m_messageTimer.Stop();
-  m_statusBar.SetIcon(2, -1, L"STAZENI");
+  ShowIcon(kIconDownload);
   // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
   if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
   picMPSCPI.SetVisible(true);
@@ -64,7 +64,7 @@ void frmhlavni::tlHAktualizace_Click() {
 
 std::int32_t frmhlavni::DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status,
                                            LongWork& work) {
-  m_statusBar.SetText(status, 2, SBT_POPOUT);
+  m_statusBar.SetText(status, kMessagePanel, SBT_POPOUT);
   UpdateWindow(m_statusBar.Handle());
   BeginStep(L"Strpení prosím, stahuji. Ukončí to klávesa Esc.");
   return m_services.downloader.Download(kDownloadBase + name, path, [&](std::uint64_t bytes, std::uint64_t total) {
@@ -82,14 +82,14 @@ void frmhlavni::ShowDownloaded(std::uint64_t bytes, std::uint64_t total) {
 }
 
 void frmhlavni::TakeOverDownloadedFiles() {
-  m_statusBar.SetText(L"Stažení aktuálního datového souboru bylo úspěšné.", 2, SBT_POPOUT);
+  m_statusBar.SetText(L"Stažení aktuálního datového souboru bylo úspěšné.", kMessagePanel, SBT_POPOUT);
   m_resultList.Clear();
   m_resultList.SetHorizontalExtent(0);
   lblMPSCN.SetCaption(L"");
   picMPSCPI.SetVisible(true);
   {
     const HourglassScope hourglass;
-    m_statusBar.SetIcon(2, -1, L"PAMET");
+    ShowIcon(kIconMemory);
     ShowMessage(L"Strpení prosím, uvolňuji paměť.");
     m_database.pscUvolniPamet(*this);
   }
@@ -103,20 +103,20 @@ void frmhlavni::TakeOverDownloadedFiles() {
 // What the search panel still showed belonged to records that are gone: it ends as after a fresh start. Only the status
 // bar keeps what the loading has said.
 void frmhlavni::RestartSearching() {
-  lblPSCV[1].SetCaption(L"");
+  lblPSCV[kCountResult].SetCaption(L"");
   m_samePostalCode = false;
   if (optMPSC[kModeName].Value()) {
     optMPSC_Click(kModeName);
   } else {
     optMPSC[kModeName].SetValue(true);
   }
-  m_statusBar.SetText(LastUpdateText(), 2, 0);
+  m_statusBar.SetText(LastUpdateText(), kMessagePanel, 0);
 }
 
 void frmhlavni::KeepTheDatabase() {
   m_platform.messages.Show(L"Aktualizace databáze nebyla úspěšná.", MessageIcon::Exclamation, kApplicationTitle);
   if (m_database.pscCelkem() <= 0) {
-    m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+    m_statusBar.SetText(L"", kMessagePanel, SBT_NOBORDERS);
     return;
   }
   SayThatDatabaseIsKept();
@@ -135,7 +135,7 @@ void frmhlavni::tlHNapoveda_Click() {
     ShowHelp(path);
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
-    m_statusBar.SetIcon(2, -1, L"STAZENI");
+    ShowIcon(kIconDownload);
     const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
     std::int32_t result = 0;
     {
@@ -154,7 +154,7 @@ void frmhlavni::tlHNapoveda_Click() {
                                kApplicationTitle);
     }
   }
-  m_statusBar.SetText(L"", 2, SBT_NOBORDERS);
+  m_statusBar.SetText(L"", kMessagePanel, SBT_NOBORDERS);
 }
 
 void frmhlavni::ShowHelp(const std::wstring& path) {

@@ -12,6 +12,22 @@ enum SearchMode : std::size_t { kModePostal = 0, kModeName = 1, kModeDistrict = 
 /// The three lists, indexes of `lstMPSC`.
 enum List : std::size_t { kListAll = 0, kListResult = 1, kListDistricts = 2 };
 
+/// The two fields in which one types, indexes of `txtMPSC`: what is searched for, and the light-blue one with a
+/// beginning.
+inline constexpr std::size_t kFieldText = 0;
+inline constexpr std::size_t kFieldBeginning = 1;
+
+/// The counts under the lists, indexes of `lblPSCV`.
+inline constexpr std::size_t kCountAll = 0;
+inline constexpr std::size_t kCountResult = 1;
+
+/// What is known of the current municipality, indexes of `lblNPSCHT`.
+inline constexpr std::size_t kDetailMunicipality = 0;
+inline constexpr std::size_t kDetailDistrict = 1;
+
+/// The third heading, index of `lblMPSCH`; the two before it belong to the details.
+inline constexpr std::size_t kHeadingSearch = 2;
+
 /// What the user has chosen in the search panel.
 struct PanelChoice {
   std::optional<SearchMode> mode = {};

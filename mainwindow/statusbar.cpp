@@ -91,13 +91,13 @@ LRESULT CALLBACK StatusBar::ParentProcedure(HWND window, UINT message, WPARAM wP
 
 void StatusBar::WriteClock() {
   const DateTime now = m_clock.Now();
-  SetText(TimePanelText(m_formats.Date(now, L"H:mm")), 0, 0);
-  SetText(DatePanelText(m_formats.Date(now, L"dddd, d.m.yyyy")), 1, 0);
+  SetText(TimePanelText(m_formats.Date(now, L"H:mm")), kClockPanel, 0);
+  SetText(DatePanelText(m_formats.Date(now, L"dddd, d.m.yyyy")), kDatePanel, 0);
 }
 
 void StatusBar::SetText(std::wstring_view text, std::int32_t panel, std::int32_t flags) {
   if (!IsWindow(m_window)) return;
-  const bool isMessage = panel == static_cast<std::int32_t>(kMessagePanel);
+  const bool isMessage = panel == kMessagePanel;
   if (isMessage) {
     m_message = text;
     m_messageFlags = flags;

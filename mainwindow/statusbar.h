@@ -15,6 +15,11 @@
 
 namespace kvez {
 
+/// The panels of the status bar.
+inline constexpr std::int32_t kClockPanel = 0;
+inline constexpr std::int32_t kDatePanel = 1;
+inline constexpr std::int32_t kMessagePanel = 2;
+
 /// The status bar at the bottom of the main window. Panel 0 is a clock, panel 1 the date, panel 2 carries messages with
 /// an optional icon. A process has one at a time.
 class StatusBar {
@@ -53,7 +58,6 @@ class StatusBar {
 
  private:
   static constexpr std::size_t kPanelCount = 3;
-  static constexpr std::size_t kMessagePanel = 2;
 
   struct Panel {
     std::wstring iconName;
