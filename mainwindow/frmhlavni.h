@@ -152,6 +152,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void SelectBeginning(std::size_t list);
   void EndDeferredSearch();
   void SayThatNoModeIsChosen();
+  void SayThatAModeIsNeeded(std::wstring_view text);
   void tlHVyhledej_Click();
   void tlHObcePSC_Click();
   void ShowSearchResult(const std::wstring& description);

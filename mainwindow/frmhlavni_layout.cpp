@@ -136,8 +136,6 @@ void frmhlavni::CreateSearchPanel() {
   txtMPSC[kFieldBeginning].Create(*this, kTxtMPSC + kFieldBeginning, {kLeftColumn, 30, kColumnWidth, 285});
   txtMPSC[kFieldBeginning].SetBackColor(FieldColor());
   txtMPSC[kFieldBeginning].SetAccessibleName(L"Světlemodré pole: vyhledání v seznamu");
-  txtMPSC[kFieldBeginning].SetToolTipText(
-      L"Vyhledá v seznamu položku, která začíná zadaným textem. Klávesa Shift přejde do druhého pole.");
   lstMPSC[kListAll].Create(*this, kLstMPSC, kListPlace);
   lstMPSC[kListAll].SetAccessibleName(L"Všechny obce");
   lstMPSC[kListAll].SetToolTipText(L"Seznam všech obcí. Výběrem obce se zobrazí její pošta a okres.");
@@ -151,7 +149,7 @@ void frmhlavni::CreateSearchPanel() {
   txtMPSC[kFieldText].Create(*this, kTxtMPSC + kFieldText, {kLeftColumn, 3390, kColumnWidth, 285});
   txtMPSC[kFieldText].SetAccessibleName(L"Vyhledej");
   txtMPSC[kFieldText].SetToolTipText(
-      L"Zadejte hledaný text a stiskněte Enter. Klávesa Shift přejde do světlemodrého pole.");
+      L"Zadejte hledaný text a stiskněte Enter. Klávesou Shift přejdete do světlemodrého pole.");
 
   lblMPSCH[kHeadingSearch].Create(*this, kLblMPSCH + kHeadingSearch, {kLeftColumn, 3765, 765, kLineHeight},
                                   L"Vyhledej");

@@ -20,6 +20,7 @@ void frmhlavni::UpdatePanel() {
   if (offer.commonPostalCode) tlHObcePSC.SetVisible(true);
   tlHVyhledej.SetEnabled(offer.search);
   if (!offer.commonPostalCode) tlHObcePSC.SetVisible(false);
+  txtMPSC[kFieldBeginning].SetToolTipText(offer.lightBlueField);
   ShowModeHint(offer.hint);
   TakeSearchOfferAway();
 }

@@ -130,6 +130,9 @@ void frmhlavni::tmrMPSC_Timer() {
     VyhledejPSC();
   } else if (IsMode(kModeName)) {
     SelectBeginning(kListAll);
+    // What was found has ended the mode, and with it the field's use. Another text has its own time.
+    if (!m_mode && m_statusBar.Message().empty())
+      SayThatAModeIsNeeded(L"K dalšímu hledání zvolte PSČ, Obec nebo Okres.");
   } else {
     SayThatNoModeIsChosen();
   }
@@ -147,9 +150,11 @@ void frmhlavni::SelectBeginning(std::size_t index) {
   if (found >= 0 && found == before) lstMPSC_Click(index);
 }
 
-void frmhlavni::SayThatNoModeIsChosen() {
+void frmhlavni::SayThatNoModeIsChosen() { SayThatAModeIsNeeded(L"Nejdříve zvolte PSČ, Obec nebo Okres."); }
+
+void frmhlavni::SayThatAModeIsNeeded(std::wstring_view text) {
   ShowIcon(kIconProgram);
-  m_statusBar.SetText(L"Nejdříve zvolte PSČ, Obec nebo Okres.", kMessagePanel, 0);
+  m_statusBar.SetText(text, kMessagePanel, 0);
 }
 
 void frmhlavni::VyhledejSeznam() {

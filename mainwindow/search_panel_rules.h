@@ -43,6 +43,7 @@ struct PanelOffer {
   bool search = false;                  // Vyhledej can be pressed
   bool commonPostalCode = false;        // "Obce k PSČ" is there
   std::wstring_view hint;               // what the status bar says about the mode; empty without one
+  std::wstring_view lightBlueField;     // its tooltip: what it does depends on the mode
 };
 
 /// A function that needs no window: the same choice always has the same offer.

@@ -1,6 +1,7 @@
 // The search panel: modes, typing, searches.
 
 #include "tests/windows/main_window_test.h"
+#include "tests/windows/status_bar_view.h"
 
 namespace kvez {
 namespace {
@@ -105,6 +106,20 @@ TEST_F(SearchPanel, EnterSearchesAndEmptiesTheLightBlueField) {
   EXPECT_EQ(window.lblPSCV[1].Caption(), L"Zadání vyhovuje 1 obec.");
   EXPECT_EQ(window.txtMPSC[1].Text(), L"");
   EXPECT_EQ(window.txtMPSC[0].Text(), L"  Praha  ");
+}
+
+TEST_F(SearchPanel, HitOfTheLightBlueFieldSaysThatAModeIsNeededNext) {
+  frmhlavni& window = OpenInFront();
+  window.txtMPSC[1].SetFocus();
+  TypeText(L"mik");
+  PressKey(VK_RETURN);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+  EXPECT_EQ(test::StatusBarView(window.Handle()).Text(), L"K dalšímu hledání zvolte PSČ, Obec nebo Okres.");
+  EXPECT_EQ(window.txtMPSC[1].ToolTipText(), L"Nejdříve zvolte PSČ, Obec nebo Okres.");
+  TypeText(L"val");
+  PressKey(VK_RETURN);
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+  EXPECT_EQ(test::StatusBarView(window.Handle()).Text(), L"Nejdříve zvolte PSČ, Obec nebo Okres.");
 }
 
 TEST_F(SearchPanel, PostalSearchTakesTheNumberOfTheText) {

@@ -46,5 +46,15 @@ TEST(SearchPanelRules, AboutTakesTheSearchAwayAndBringsItBack) {
   EXPECT_EQ(Offered({.row = kListResult, .searchingResumed = true}), "no mode, search, codes");
 }
 
+TEST(SearchPanelRules, LightBlueFieldTellsWhatItDoesInTheMode) {
+  EXPECT_EQ(OfferOf({.mode = kModePostal}).lightBlueField,
+            L"Vypíše obce, jejichž PSČ začíná zadanými číslicemi. Klávesou Shift přejdete do druhého pole.");
+  EXPECT_EQ(OfferOf({.mode = kModeName}).lightBlueField,
+            L"Vybere v seznamu první obec, která začíná zadaným textem. Klávesou Shift přejdete do druhého pole.");
+  EXPECT_EQ(OfferOf({.mode = kModeDistrict}).lightBlueField,
+            L"Vybere v seznamu první okres, který začíná zadaným textem.");
+  EXPECT_EQ(OfferOf({.mode = kModeName, .row = kListAll}).lightBlueField, L"Nejdříve zvolte PSČ, Obec nebo Okres.");
+}
+
 }  // namespace
 }  // namespace kvez
