@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "text/windows1250.h"
 
 namespace kvez {
 namespace {
 
-// Every byte of the lists is asked about while they are loaded.
+// The bytes of Windows-1250 that are no letter, no sign and no blank but steer whoever shows them: NUL, TAB, line ends,
+// the unassigned bytes. Every byte of the lists is asked about while they are loaded.
 const std::array<bool, 256>& Controls() {
   static const auto controls = [] {
     std::array<bool, 256> table{};
@@ -22,8 +24,6 @@ const std::array<bool, 256>& Controls() {
 }
 
 }  // namespace
-
-bool IsControl1250(std::uint8_t byte) { return Controls()[byte]; }
 
 std::string_view WithoutControls(std::string_view name, std::string& copy) {
   const auto isControl = [&controls = Controls()](char byte) { return controls[static_cast<std::uint8_t>(byte)]; };

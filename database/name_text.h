@@ -1,14 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace kvez {
-
-/// A byte of Windows-1250 that is no letter, no sign and no blank but steers whoever shows it: NUL, TAB, line ends, the
-/// unassigned bytes.
-bool IsControl1250(std::uint8_t byte);
 
 /// A stored name as it is kept. Files come from anywhere, and a control character in a name would end the clipboard's
 /// text, split a line of the list text or overlap the status bar: it reads as a blank. The result is `name` itself, or

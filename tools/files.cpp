@@ -8,7 +8,7 @@
 
 namespace kvez {
 
-std::string Shown(const std::filesystem::path& path) { return path.empty() ? "''" : ToUtf8(TextFromPath(path)); }
+std::string Shown(const std::filesystem::path& path) { return ToUtf8(TextFromPath(path)); }
 
 Bytes ReadWholeFile(const std::filesystem::path& path) {
   const ToolError unreadable(Shown(path) + " cannot be read");

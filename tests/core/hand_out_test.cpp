@@ -68,6 +68,39 @@ TEST_F(HandOutOfRows, RowsThatGoWhileTheyArePrintedLeaveHalfADocumentNowhere) {
   EXPECT_THAT(machine.messages.messages, IsEmpty());
 }
 
+// The session may end over whatever is shown meanwhile, and the rows with it. Then nobody is told anything any more.
+
+TEST_F(HandOutOfRows, RowsThatGoBeforeThePrintBeginsAreNotPrinted) {
+  machine.output.pendingMessages.onProcess = [this] { rows.count = 0; };
+  Print();
+  EXPECT_EQ(machine.output.printer.documents, 0);
+  EXPECT_EQ(machine.output.printer.discarded, 0);
+}
+
+TEST_F(HandOutOfRows, RowsThatGoOverTheFolderDialogAreNotExported) {
+  machine.output.folders.answers = {L"C:\\Data"};
+  machine.output.folders.onBrowse = [this] { rows.count = 0; };
+  handOut.Export(L"Nadpis");
+  EXPECT_THAT(machine.output.textFiles.texts, IsEmpty());
+  EXPECT_THAT(machine.messages.messages, IsEmpty());
+}
+
+TEST_F(HandOutOfRows, RowsThatGoBehindTheExportEndItInSilence) {
+  machine.output.folders.answers = {L"C:\\Data"};
+  machine.output.pendingMessages.onProcess = [this] { rows.count = 0; };
+  handOut.Export(L"Nadpis");
+  EXPECT_EQ(machine.output.textFiles.texts.count(L"C:\\Data\\vdkvez.txt"), 1U);
+  EXPECT_THAT(machine.messages.messages, IsEmpty());
+}
+
+TEST_F(HandOutOfRows, RowsThatGoOverTheMailEndItInSilence) {
+  machine.output.mail.result = 3;
+  machine.output.mail.onSend = [this] { rows.count = 0; };
+  handOut.Mail(L"Nadpis", L"D:\\Kvez");
+  EXPECT_EQ(machine.output.mail.sent.size(), 1U);
+  EXPECT_THAT(machine.messages.messages, IsEmpty());
+}
+
 TEST_F(HandOutOfRows, MailGoesIntoTheFolderThatIsNamed) {
   handOut.Mail(L"Nadpis", L"D:\\Kvez");
   EXPECT_EQ(machine.output.textFiles.texts.count(L"D:\\Kvez\\meil.txt"), 1U);

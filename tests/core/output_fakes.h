@@ -72,6 +72,7 @@ class FolderDialogFake : public FolderDialog {
 
   std::optional<std::wstring> Browse(std::wstring_view prompt) override {
     m_log.push_back(L"browse " + std::wstring(prompt));
+    if (onBrowse) onBrowse();
     if (answers.empty()) return std::nullopt;
     const auto answer = answers.front();
     answers.pop_front();
@@ -88,6 +89,7 @@ class FolderDialogFake : public FolderDialog {
 
   std::deque<std::optional<std::wstring>> answers;  // given one after the other; then the user cancels
   std::wstring directory = L"C:\\Data";             // the only one that there is
+  std::function<void()> onBrowse;                   // what happens while the dialog is open
 
  private:
   std::vector<std::wstring>& m_log;
@@ -108,11 +110,13 @@ class MailClientFake : public MailClient {
                               std::wstring_view displayNames) override {
     m_log.push_back(L"mail");
     sent.push_back({std::wstring(delimiter), std::wstring(files), std::wstring(displayNames)});
+    if (onSend) onSend();
     return result;
   }
 
   std::vector<Sent> sent;
   std::uint32_t result = 0;
+  std::function<void()> onSend;  // what happens while the client's window is open
 
  private:
   std::vector<std::wstring>& m_log;

@@ -64,8 +64,8 @@ bool Flush(int file) {
 bool IsStillNamed(int file, const FilePath& path) {
   struct stat opened {};
   struct stat named {};
-  return ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
-         opened.st_dev == named.st_dev;
+  return ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+         std::pair(opened.st_dev, opened.st_ino) == std::pair(named.st_dev, named.st_ino);
 }
 
 }  // namespace
