@@ -29,6 +29,8 @@ TEST_F(Commands, EveryButtonGivesItsHintWhileThePointerIsOverIt) {
   Program program(Exe());
   ASSERT_TRUE(program.WaitReady());
   SetForegroundWindow(program.MainWindow());
+  // A movement over a window in the background gives no hint, and another one does not come.
+  ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == program.MainWindow(); }));
   MovePointer(CentreOf(program.Control(kTlHAktualizace)));
   ASSERT_TRUE(WaitUntil([&] { return Status(program).starts_with(L"Poslední aktualizace databáze byla provedena "); }));
   MovePointer(Aside(program));
