@@ -91,7 +91,7 @@ TEST_P(MemoryLimit, ThatAnOversizedFileExceedsEndsInAnEmptyListAndTheNextGoodUpd
 }
 
 // In mebibytes beyond what it has: not enough for the file, and not enough for its records.
-INSTANTIATE_TEST_SUITE_P(, MemoryLimit, testing::Values(16, 64),
+INSTANTIATE_TEST_SUITE_P(, MemoryLimit, testing::Values(32, 64),
                          [](const auto& limit) { return std::to_string(limit.param) + "MiB"; });
 
 }  // namespace

@@ -108,8 +108,8 @@ void TypeCharacter(wchar_t character) {
 }
 
 void PointAt(POINT screen) {
-  // The display's pointer moves along, which input alone leaves behind: who asks for the place a tenth of a second later
-  // is told that one's. Only a change reaches the display.
+  // The display's pointer moves along, which input alone leaves behind: who asks for the place a tenth of a second
+  // later is told that one's. Only a change reaches the display.
   POINT before{};
   if (GetCursorPos(&before) && (before.x != screen.x || before.y != screen.y) && SetCursorPos(screen.x, screen.y)) {
     PumpInput();
