@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "database/name_pattern.h"
-#include "text/windows1250.h"
 #include "platform/portable/portable_formats.h"
 #include "text/utf8.h"
+#include "text/windows1250.h"
 
 namespace kvez {
 namespace {
