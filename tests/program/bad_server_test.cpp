@@ -170,7 +170,7 @@ TEST_F(BadServer, ThatFallsSilentFreezesNothingAndEscapeEndsIt) {
   // It answers, to the keys too. The Escape that closes the menu ends nothing else.
   PressKey(VK_SPACE, false, false, true);
   ASSERT_TRUE(WaitUntil([] { return OpenMenu() != nullptr; }));
-  for (const DWORD left : {GUI_POPUPMENUMODE, GUI_INMENUMODE}) {
+  for (const DWORD left : {DWORD{GUI_POPUPMENUMODE}, DWORD{GUI_INMENUMODE}}) {
     PressKey(VK_ESCAPE);
     ASSERT_TRUE(WaitUntil([&] { return OpenMenu() == nullptr && (StateOf(program) & left) == 0; }));
   }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "forms/input_gate.h"
 #include "tests/support/waiting.h"
 #include "tests/windows/main_window_test.h"
 #include "tests/windows/message_watch.h"
