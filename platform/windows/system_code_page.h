@@ -26,13 +26,19 @@ std::string ToBytesForOthers(std::wstring_view text);
 /// A text from the system's 8-bit code page.
 std::wstring FromSystemCodePage(std::string_view bytes);
 
+/// Gives the bytes to `narrow`, or the text to `wide` when there are none.
+template <typename Narrow, typename Wide>
+auto CallWithBytesOr(std::wstring_view text, std::optional<std::string> bytes, const Narrow& narrow, const Wide& wide) {
+  if (bytes) return narrow(*bytes);
+  std::wstring whole(text);
+  return wide(whole);
+}
+
 /// Of a call that the system has twice, `narrow` gets the text's bytes where the system's 8-bit code page spells it
 /// without loss, and `wide` gets the text where it would lose a letter. No other way leads to a call named with an A.
 template <typename Narrow, typename Wide>
 auto CallWithText(std::wstring_view text, const Narrow& narrow, const Wide& wide) {
-  if (auto bytes = ToSystemCodePage(text)) return narrow(*bytes);
-  std::wstring whole(text);
-  return wide(whole);
+  return CallWithBytesOr(text, ToSystemCodePage(text), narrow, wide);
 }
 
 /// The same for two texts, which go together.
@@ -49,17 +55,13 @@ auto CallWithTexts(std::wstring_view first, std::wstring_view second, const Narr
 /// The same for a path.
 template <typename Narrow, typename Wide>
 auto CallWithPath(std::wstring_view path, const Narrow& narrow, const Wide& wide) {
-  if (auto bytes = PathToSystemCodePage(path)) return narrow(*bytes);
-  std::wstring whole(path);
-  return wide(whole);
+  return CallWithBytesOr(path, PathToSystemCodePage(path), narrow, wide);
 }
 
 /// The same for a text that is drawn or measured in the font of `context`.
 template <typename Narrow, typename Wide>
 auto CallWithDrawnText(HDC context, std::wstring_view text, const Narrow& narrow, const Wide& wide) {
-  if (auto bytes = DrawnToSystemCodePage(context, text)) return narrow(*bytes);
-  std::wstring whole(text);
-  return wide(whole);
+  return CallWithBytesOr(text, DrawnToSystemCodePage(context, text), narrow, wide);
 }
 
 }  // namespace kvez
