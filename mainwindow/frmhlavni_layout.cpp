@@ -31,8 +31,9 @@ constexpr int kClientHeight = 4065 + 345;
 constexpr int kLineHeight = forms::Form::kLineTwips;
 
 constexpr Place kListPlace = {kLeftColumn, 330, kColumnWidth, 2790};
-// Between the lists and the field below them.
-constexpr int kCountTop = kListPlace.top + kListPlace.height + 15;
+// Between the lists and the field below them, with room for the rounding to pixels on both sides: 15 twips covered the
+// field's frame at 150 %.
+constexpr int kCountTop = kListPlace.top + kListPlace.height + 10;
 
 // Where the loading puts it as well, so that nothing has to move then.
 constexpr Place kMessagePanelPlace = {(kClientWidth - 4650) / 2, (kClientHeight - 930) / 2, 4650, 930};

@@ -56,6 +56,28 @@ class MainWindowLook : public MainWindowTest {
   }
 };
 
+// One that lay over another would hide its frame.
+TEST_F(MainWindowLook, WhatStandsBelowEachOtherSharesNoPixel) {
+  frmhlavni& window = Open();
+  const std::vector<std::pair<const forms::Control*, const forms::Control*>> neighbours = {
+      {&window.txtMPSC[kFieldBeginning], &window.lstMPSC[kListAll]},
+      {&window.lstMPSC[kListAll], &window.lblPSCV[kCountAll]},
+      {&window.lblPSCV[kCountAll], &window.txtMPSC[kFieldText]},
+      {&window.txtMPSC[kFieldText], &window.optMPSC[1]},
+      {&window.lblMPSCN, &window.lstMPSC[kListResult]},
+      {&window.lstMPSC[kListResult], &window.lblPSCV[kCountResult]}};
+  for (const unsigned dpi : {96U, 120U, 144U, 168U, 192U, 216U, 288U}) {
+    ScaleTo(dpi);
+    for (const auto& [above, below] : neighbours) {
+      RECT upper{};
+      RECT lower{};
+      GetWindowRect(above->Handle(), &upper);
+      GetWindowRect(below->Handle(), &lower);
+      EXPECT_LE(upper.bottom, lower.top) << GetDlgCtrlID(above->Handle()) << " at " << dpi;
+    }
+  }
+}
+
 TEST_F(MainWindowLook, EveryButtonHasAFrameOnAllFourSides) {
   const test::SystemColors ordinary(test::kOrdinaryColors);
   frmhlavni& window = Open();
