@@ -21,9 +21,16 @@ void ShowRunningInstance() {
   // Message boxes have the same caption, but another class.
   const HWND window = FindWindowW(L"KvezForm", std::wstring(kApplicationTitle).c_str());
   if (window == nullptr || !IsWindowVisible(window)) return;
-  // Not waited for: the other instance may be busy.
-  if (IsIconic(window)) ShowWindowAsync(window, SW_RESTORE);
-  SetForegroundWindow(GetLastActivePopup(window));
+  // Restored, the window itself has been active last.
+  const HWND front = GetLastActivePopup(window);
+  if (IsIconic(window)) {
+    // It comes up active, and only then can what lies over it be brought before it. A busy instance is not waited for
+    // long.
+    constexpr UINT kLongest = 2000;  // milliseconds
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, WM_SYSCOMMAND, SC_RESTORE, 0, SMTO_ABORTIFHUNG, kLongest, &ignored);
+  }
+  SetForegroundWindow(front);
 }
 
 }  // namespace kvez

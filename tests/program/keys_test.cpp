@@ -74,7 +74,7 @@ TEST_F(Keys, SelectingWithTheFocusOnTheSearchButtonHandsItToTheList) {
 TEST_F(Keys, AboutKeepsTheKeyboardToItself) {
   SearchFor(L"klentnice");
   ASSERT_TRUE(SelectFirstResult());
-  ASSERT_TRUE(program->IsShown(kTlHObcePSC));
+  ASSERT_TRUE(WaitUntil([&] { return program->IsShown(kTlHObcePSC); }));
   const auto before = program->ListTexts(kResult);
   Alt('O');
   ASSERT_TRUE(WaitFocus(kText1));
