@@ -8,7 +8,7 @@ const wchar_t kAboutText[] =
     L"\r\n"
     L"Údaje vycházejí ze seznamu „Seznam PSČ částí obcí a obcí bez částí“, který zveřejňuje Česká pošta, s.\u00a0p., jako "
     L"otevřená data. Údaje dodané s programem: stav " KVEZ_DATA_STATE
-    L". Novější stáhne tlačítko Aktualizace.\r\n"
+    L". Novější stáhnete tlačítkem Aktualizace.\r\n"
     L"\r\n"
     L"Program je svobodný software s licencí MIT: smíte ho zdarma používat, šířit i měnit. Je poskytován tak, jak je, bez "
     L"jakékoli záruky.";

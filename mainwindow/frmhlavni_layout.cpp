@@ -146,7 +146,7 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListDistricts].SetToolTipText(L"Seznam okresů. Vyberte okres a stiskněte tlačítko Vyhledej.");
   lblPSCV[kCountAll].Create(*this, kLblPSCV + kCountAll, {kLeftColumn, kCountTop, kColumnWidth, kLineHeight});
   lblPSCV[kCountAll].SetIsLiveRegion(true);
-  lblPSCV[kCountAll].SetToolTipText(L"Počet položek v seznamu.");
+  lblPSCV[kCountAll].SetToolTipText(L"Počet položek v seznamu nebo pořadí vybrané položky.");
   txtMPSC[kFieldText].Create(*this, kTxtMPSC + kFieldText, {kLeftColumn, 3390, kColumnWidth, 285});
   txtMPSC[kFieldText].SetAccessibleName(L"Vyhledej");
   txtMPSC[kFieldText].SetToolTipText(
@@ -178,7 +178,7 @@ void frmhlavni::CreateSearchPanel() {
   lstMPSC[kListResult].SetToolTipText(L"Po stisknutí pravého tlačítka myši se zobrazí nabídka.");
   lblPSCV[kCountResult].Create(*this, kLblPSCV + kCountResult, {kRightColumn, kCountTop, kColumnWidth, kLineHeight});
   lblPSCV[kCountResult].SetIsLiveRegion(true);
-  lblPSCV[kCountResult].SetToolTipText(L"Počet nalezených obcí.");
+  lblPSCV[kCountResult].SetToolTipText(L"Počet nalezených obcí nebo pořadí vybrané obce.");
 
   constexpr std::array<const wchar_t*, 2> kHeadings = {L"Obec", L"Okres"};
   for (std::size_t i = 0; i < kHeadings.size(); ++i) {

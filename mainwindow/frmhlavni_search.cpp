@@ -130,9 +130,12 @@ void frmhlavni::tmrMPSC_Timer() {
     VyhledejPSC();
   } else if (IsMode(kModeName)) {
     SelectBeginning(kListAll);
-    // What was found has ended the mode, and with it the field's use. Another text has its own time.
-    if (!m_mode && m_statusBar.Message().empty())
+    // What was found has ended the mode, and with it the field's use. Another text has its own time, but for the date
+    // of the database, which stays.
+    const std::wstring said = m_statusBar.Message();
+    if (!m_mode && (said.empty() || said == LastUpdateText())) {
       SayThatAModeIsNeeded(L"K dalšímu hledání zvolte PSČ, Obec nebo Okres.");
+    }
   } else {
     SayThatNoModeIsChosen();
   }

@@ -14,7 +14,7 @@ std::span<const MenuExplanation> MainWindowMenuExplanations() {
       {8, L"Základní školy nejsou k dispozici."},
       {SC_RESTORE, L"Vrátí okno do původní velikosti."},
       {SC_MOVE, L"Přesune okno."},
-      {SC_MINIMIZE, L"Skryje okno na hlavní panel."},
+      {SC_MINIMIZE, L"Minimalizuje okno na hlavní panel."},
       {SC_CLOSE, L"Ukončení programu"},
   };
   return explanations;

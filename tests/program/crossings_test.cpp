@@ -49,7 +49,7 @@ TEST_F(Crossings, AboutIsStillOpenAndHasTheKeyboardAfterMinimising) {
   Alt('O');
   ASSERT_TRUE(WaitFocus(kText1));
   ASSERT_TRUE(TabTo(kTlHWWW));
-  ChooseFromSystemMenu(L"Skryje okno na hlavní panel.");
+  ChooseFromSystemMenu(L"Minimalizuje okno na hlavní panel.");
   ASSERT_TRUE(WaitUntil([&] { return IsIconic(program->MainWindow()) != FALSE; }));
   PostMessageW(program->MainWindow(), WM_SYSCOMMAND, SC_RESTORE, 0);
   ASSERT_TRUE(WaitUntil([&] { return !IsIconic(program->MainWindow()); }));

@@ -338,7 +338,7 @@ TEST_F(Keys, ShiftWithF10AltOrControlHandsNothingOver) {
 TEST_F(Keys, MinimisingAndRestoringGivesTheFocusBack) {
   SearchFor(L"lednice");
   ASSERT_TRUE(TabTo(kResult));
-  ChooseFromSystemMenu(L"Skryje okno na hlavní panel.");
+  ChooseFromSystemMenu(L"Minimalizuje okno na hlavní panel.");
   ASSERT_TRUE(WaitUntil([&] { return IsIconic(program->MainWindow()) != FALSE; }));
   PostMessageW(program->MainWindow(), WM_SYSCOMMAND, SC_RESTORE, 0);
   ASSERT_TRUE(WaitUntil([&] { return !IsIconic(program->MainWindow()); }));

@@ -87,6 +87,16 @@ TEST_F(MainWindowUpdate, EndsInTheStateOfAFreshStartWithTheNewData) {
   EXPECT_TRUE(status->ShowsIcon(L"APLIKACE"));
 }
 
+TEST_F(MainWindowUpdate, HitOfTheLightBlueFieldAfterItSaysThatAModeIsNeededNext) {
+  frmhlavni& window = OpenWatched();
+  Click(window.tlHAktualizace);
+  ASSERT_EQ(status->Text(), kLastUpdate);
+  window.txtMPSC[1].SetText(L"mik");
+  window.tmrMPSC.Elapsed();
+  EXPECT_EQ(window.lstMPSC[0].ListIndex(), 2);
+  EXPECT_EQ(status->Text(), L"K dalšímu hledání zvolte PSČ, Obec nebo Okres.");
+}
+
 TEST_F(MainWindowUpdate, ReleasesTheOldDataBehindTheMessagePanel) {
   frmhlavni& window = OpenWatched();
   window.txtMPSC[0].SetText(L"Lednice");
