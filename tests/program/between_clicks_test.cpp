@@ -7,10 +7,10 @@
 #include <iterator>
 #include <thread>
 
-#include "tests/core/data_bytes.h"
 #include "tests/program/download_base.h"
 #include "tests/program/foreign_window.h"
 #include "tests/program/program_test.h"
+#include "tests/program/small_data.h"
 #include "tests/support/folder_dialog.h"
 #include "tests/support/http_server.h"
 #include "tests/support/list_menu_driver.h"
@@ -191,17 +191,10 @@ class BetweenDownloads : public BetweenClicks {
   void SetUp() override {
     BetweenClicks::SetUp();
     ASSERT_TRUE(ReplaceDownloadBase(Exe(), server.Base()));
-    fakes::Bytes municipalities;
-    fakes::AppendMunicipality(municipalities, 54232, L"Úpice", L"Trutnov");
-    fakes::Bytes postOffices;
-    fakes::AppendPostOffice(postOffices, 54232, L"Úpice");
-    fakes::Bytes districts;
-    fakes::AppendDistrict(districts, 3610, L"Trutnov");
-    const fakes::Bytes* files[] = {&municipalities, &postOffices, &districts};
-    for (int i = 0; i < 3; ++i) {
-      HttpAnswer answer{.body = std::string(files[i]->begin(), files[i]->end())};
-      if (i == 2) answer.until = release.get_future().share();
-      server.Serve("vd" + std::to_string(i + 1) + ".kl_", answer);
+    for (int file = 0; file < 3; ++file) {
+      HttpAnswer answer{.body = SmallData(file)};
+      if (file == 2) answer.until = release.get_future().share();
+      server.Serve(DataFileName(file), answer);
     }
   }
 

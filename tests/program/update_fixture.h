@@ -8,6 +8,7 @@
 #include "tests/core/data_bytes.h"
 #include "tests/program/download_base.h"
 #include "tests/program/program_test.h"
+#include "tests/program/small_data.h"
 #include "tests/support/http_server.h"
 
 namespace kvez::test {
@@ -29,20 +30,11 @@ class UpdateFixture : public ProgramTest {
     ServeSmallData();
   }
 
-  /// Two municipalities, one post office, one district: whoever has them has updated.
   void ServeSmallData() {
-    fakes::Bytes municipalities;
-    fakes::AppendMunicipality(municipalities, 54232, L"Libňatov", L"Trutnov");
-    fakes::AppendMunicipality(municipalities, 54232, L"Úpice", L"Trutnov");
-    fakes::Bytes postOffices;
-    fakes::AppendPostOffice(postOffices, 54232, L"Úpice");
-    fakes::Bytes districts;
-    fakes::AppendDistrict(districts, 3610, L"Trutnov");
-    const fakes::Bytes* files[] = {&municipalities, &postOffices, &districts};
-    for (int i = 0; i < 3; ++i) server.Serve(Name(i), {.body = Text(*files[i])});
+    for (int file = 0; file < 3; ++file) server.Serve(Name(file), {.body = SmallData(file)});
   }
 
-  static std::string Name(int file) { return "vd" + std::to_string(file + 1) + ".kl_"; }
+  static std::string Name(int file) { return DataFileName(file); }
   static std::wstring Status(const Program& program) { return StatusText(program.StatusBar(), 2); }
 
   void StartUpdate(const Program& program) {
