@@ -5,6 +5,7 @@
 
 #include "controls/button_rules.h"
 #include "controls/tlText.h"
+#include "forms/contrast.h"
 #include "platform/windows/system_code_page.h"
 
 namespace kvez {
@@ -89,7 +90,15 @@ void tlText::Paint(HDC context) {
 
 void tlText::DrawCaption(HDC context) {
   const RECT place = m_run.IsDown.IsTrue() ? ShiftedByOne(m_run.TextRect) : m_run.TextRect;
-  const UINT style = m_enabledProperty.IsZero() ? DST_PREFIXTEXT | DSS_DISABLED : DST_PREFIXTEXT;
+  UINT style = DST_PREFIXTEXT;
+  if (m_enabledProperty.IsZero()) {
+    // Where a theme leaves no relief, its own colour for what is disabled.
+    if (forms::MakesRelief(BackColor(), GetSysColor(COLOR_3DHILIGHT), GetSysColor(COLOR_3DSHADOW))) {
+      style |= DSS_DISABLED;
+    } else {
+      SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+    }
+  }
   Keep(CallWithDrawnText(
       context, m_caption,
       [&](const std::string& bytes) {

@@ -30,4 +30,11 @@ COLORREF ReadableOn(COLORREF background, std::initializer_list<COLORREF> wishes)
   return *(wishes.end() - 1);
 }
 
+bool MakesRelief(COLORREF face, COLORREF highlight, COLORREF shadow) {
+  // An ordinary Windows has 2.3; darker than a dark face there is nothing that far away.
+  constexpr double kClearly = 2;
+  const double light = Luminance(face);
+  return Luminance(highlight) > light && Luminance(shadow) < light && ContrastRatio(face, shadow) >= kClearly;
+}
+
 }  // namespace kvez::forms

@@ -16,4 +16,9 @@ bool ReadsWell(COLORREF text, COLORREF background);
 /// The first of `wishes` that reads well on `background`; the last one where none does.
 COLORREF ReadableOn(COLORREF background, std::initializer_list<COLORREF> wishes);
 
+/// Whether the system's relief of a disabled text can be read on `face`: letters in `shadow`, clearly darker, with an
+/// edge of `highlight`, which is lighter. In contrast themes both are lighter than a dark face, or darker than a light
+/// one, and the letters are a blur.
+bool MakesRelief(COLORREF face, COLORREF highlight, COLORREF shadow);
+
 }  // namespace kvez::forms

@@ -132,6 +132,77 @@ INSTANTIATE_TEST_SUITE_P(Themes, MainWindowContrast,
                          ::testing::Values(Theme{"dark", test::kDarkContrast}, Theme{"light", test::kLightContrast}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+/// What a theme of Windows says about buttons: face, text and what is disabled; and how well the last reads.
+struct StandardTheme {
+  const char* name;
+  COLORREF face;
+  COLORREF text;
+  COLORREF gray;
+  double ratio;
+
+  friend void PrintTo(const StandardTheme& theme, std::ostream* out) { *out << theme.name; }
+};
+
+// Three give what is disabled less than 7. It is what their users have chosen, and stays.
+constexpr StandardTheme kStandardThemes[] = {
+    {"Aquatic", RGB(0x20, 0x20, 0x20), RGB(0xFF, 0xFF, 0xFF), RGB(0xA6, 0xA6, 0xA6), 6.7},
+    {"Desert", RGB(0xFF, 0xFA, 0xEF), RGB(0x20, 0x20, 0x20), RGB(0x67, 0x67, 0x67), 5.4},
+    {"Dusk", RGB(0x2D, 0x32, 0x36), RGB(0xB6, 0xF6, 0xF0), RGB(0xA6, 0xA6, 0xA6), 5.3},
+    {"NightSky", RGB(0, 0, 0), RGB(0xFF, 0xEE, 0x32), RGB(0xA6, 0xA6, 0xA6), 8.6},
+    {"HighContrastBlack", RGB(0, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0x3F, 0xF2, 0x3F), 14.0},
+    {"HighContrastWhite", RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0), RGB(0x60, 0, 0), 14.0},
+    {"HighContrast1", RGB(0, 0, 0), RGB(0xFF, 0xFF, 0), RGB(0, 0xFF, 0), 15.3},
+    {"HighContrast2", RGB(0, 0, 0), RGB(0, 0xFF, 0), RGB(0xC0, 0xC0, 0xC0), 11.5},
+};
+
+class DisabledButton : public MainWindowTest {
+ protected:
+  void SetUp() override {
+    MainWindowTest::SetUp();
+    Open().tlHVyhledej.SetEnabled(false);
+  }
+  /// What stands on the button: how many pixels of the colour there are inside its edges.
+  static int CountInside(const Pixels& pixels, COLORREF color) {
+    int count = 0;
+    for (int y = 4; y < pixels.Height() - 4; ++y) {
+      for (int x = 4; x < pixels.Width() - 4; ++x) count += pixels.At(x, y) == color ? 1 : 0;
+    }
+    return count;
+  }
+  Pixels Picture() const { return Pixels::OfPrint(m_window->tlHVyhledej.Handle()); }
+};
+
+class DisabledButtonInTheme : public DisabledButton, public ::testing::WithParamInterface<StandardTheme> {};
+
+TEST_P(DisabledButtonInTheme, HasTheThemesColorForItAndNoEdge) {
+  const StandardTheme& theme = GetParam();
+  // With either shadow that the themes have.
+  for (const COLORREF shadow : {RGB(128, 128, 128), RGB(0, 0, 0)}) {
+    const test::SystemColors colors({{COLOR_BTNFACE, theme.face},
+                                     {COLOR_BTNTEXT, theme.text},
+                                     {COLOR_BTNHIGHLIGHT, RGB(192, 192, 191)},
+                                     {COLOR_BTNSHADOW, shadow},
+                                     {COLOR_GRAYTEXT, theme.gray}});
+    const Pixels button = Picture();
+    EXPECT_GT(CountInside(button, theme.gray), 20);
+    EXPECT_EQ(CountInside(button, RGB(192, 192, 191)), 0);
+    if (shadow != theme.face) {
+      EXPECT_EQ(CountInside(button, shadow), 0);
+    }
+  }
+  EXPECT_NEAR(Contrast(theme.gray, theme.face), theme.ratio, 0.05);
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, DisabledButtonInTheme, ::testing::ValuesIn(kStandardThemes),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(DisabledButton, IsEmbossedWithOrdinaryColors) {
+  const test::SystemColors ordinary(test::kOrdinaryColors);
+  const Pixels button = Picture();
+  EXPECT_GT(CountInside(button, GetSysColor(COLOR_BTNSHADOW)), 20);
+  EXPECT_GT(CountInside(button, GetSysColor(COLOR_BTNHIGHLIGHT)), 10);
+}
+
 using MainWindowFieldColor = MainWindowTest;
 
 TEST_F(MainWindowFieldColor, IsLightBlueWithOrdinaryColors) {
