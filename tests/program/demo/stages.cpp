@@ -25,13 +25,27 @@ bool SearchFor(const Program& program, const std::wstring& text) {
   return HasResult(program);
 }
 
-// Clicks a row that is in view, counted from 0.
-bool ClickRow(const Program& program, int list, int row) {
+// On a row that is in view, counted from 0.
+POINT Row(const Program& program, int list, int row) {
   RECT bounds{};
   GetWindowRect(program.Control(list), &bounds);
   const auto height = static_cast<int>(SendMessageW(program.Control(list), LB_GETITEMHEIGHT, 0, 0));
-  ClickAt({bounds.left + 40, bounds.top + 2 + row * height + height / 2});
+  return {bounds.left + 40, bounds.top + 2 + row * height + height / 2};
+}
+
+bool ClickRow(const Program& program, int list, int row) {
+  ClickAt(Row(program, list, row));
   return WaitUntil([&] { return program.ListIndex(list) == row; });
+}
+
+// Over the selected row, with the row of the clipboard chosen and explained.
+bool ShowListMenu(const Program& program) {
+  constexpr int kSelected = 3;
+  if (!SearchFor(program, L"Praha*") || !ClickRow(program, kResult, kSelected)) return false;
+  ClickAt(Row(program, kResult, kSelected), true);
+  if (!WaitUntil([] { return OpenMenu() != nullptr; })) return false;
+  for (int row = 0; row < 3; ++row) PressKey(VK_DOWN);
+  return WaitUntil([&] { return StatusText(program.StatusBar(), 2) == L"Vloží seznam vybraných obcí do schránky."; });
 }
 
 bool StopWhileLoading(const Program& program) {
@@ -101,7 +115,7 @@ bool ReachStage(Program& program, const std::wstring& stage) {
   }
   if (stage == L"slozka") return ShowFolderDialog(program);
   if (stage == L"tisk") return Print(program);
-  return stage == L"nabidka" && SearchFor(program, L"Praha*") && ClickRow(program, kResult, 3) && OpenListMenu(program);
+  return stage == L"nabidka" && ShowListMenu(program);
 }
 
 }  // namespace kvez::test
