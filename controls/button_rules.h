@@ -4,9 +4,11 @@
 
 #include <cstdint>
 
-#include "controls/boolean.h"
+#include "forms/boolean.h"
 
 namespace kvez {
+
+using forms::Boolean;
 
 /// The edge argument of DrawEdge.
 UINT GetEdgeStyle(std::int32_t DEBorder, Boolean DEMove, Boolean IsDown);

@@ -9,9 +9,11 @@
 #include <utility>
 #include <variant>
 
-#include "controls/boolean.h"
+#include "forms/boolean.h"
 
 namespace kvez {
+
+using forms::Boolean;
 
 class PointerPicture;
 

@@ -30,7 +30,6 @@ void tlText::Create(forms::Container& container, int id, const forms::Place& pla
   // One device context for all buttons: making one for each takes longer than drawing it.
   parameters.classStyle = CS_CLASSDC;
   parameters.text = m_caption.c_str();
-  if (m_enabledProperty.IsZero()) parameters.style |= WS_DISABLED;
   CreateOwn(L"KvezTlText", parameters);
   m_run.Hwnd = Handle();
   m_run.HasFocus = m_run.IsShown = m_run.IsDown = m_run.IsOver = m_run.InAction = false;

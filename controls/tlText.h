@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "controls/boolean.h"
 #include "controls/property_bag.h"
 #include "forms/control.h"
 
@@ -76,7 +75,7 @@ class tlText : public forms::Control {
   /// Writes all fifteen properties, whatever their values.
   void WriteProperties(PropertyBag& bag) const;
 
-  // Properties, in slot order.
+  // Properties, in slot order; what all controls have is read through forms::Control.
   std::int32_t FocusDraw() const { return m_focusDraw; }
   void SetFocusDraw(std::int32_t value);
   COLORREF FocusColor() const { return m_focusColor; }
@@ -91,12 +90,8 @@ class tlText : public forms::Control {
   void SetDEBorder(std::int32_t value);
   Boolean DEMove() const { return m_deMove; }
   void SetDEMove(Boolean value);
-  Boolean Enabled() const { return m_enabledProperty; }
-  void SetEnabled(Boolean value);
-  void SetEnabled(bool value) override { SetEnabled(Boolean(value)); }
-  COLORREF BackColor() const { return m_backColor; }
+  void SetEnabled(Boolean value) override;
   void SetBackColor(COLORREF value) override;
-  COLORREF ForeColor() const { return m_foreColor; }
   void SetForeColor(COLORREF value) override;
   COLORREF MoveColor() const { return m_moveColor; }
   void SetMoveColor(COLORREF value);
@@ -104,9 +99,7 @@ class tlText : public forms::Control {
   void SetDownColor(COLORREF value);
   const std::wstring& Caption() const { return m_caption; }
   void SetCaption(std::wstring_view value);
-  std::int32_t MousePointer() const { return m_mousePointer; }
-  /// Throws OverflowError outside of 16 bits and changes nothing then.
-  void SetMousePointer(std::int32_t value);
+  void SetMousePointer(std::int32_t value) override;
   const Picture& MouseIcon() const { return m_mouseIcon; }
   void SetMouseIcon(const Picture& value);
 
@@ -197,13 +190,9 @@ class tlText : public forms::Control {
   std::int32_t m_seMode = 0;
   Boolean m_deMove;
   std::int32_t m_deBorder = 0;
-  Boolean m_enabledProperty = true;
-  COLORREF m_backColor = 0;
-  COLORREF m_foreColor = 0;
   COLORREF m_moveColor = 0;
   COLORREF m_downColor = 0;
   std::wstring m_caption;
-  std::int32_t m_mousePointer = 0;
   Picture m_mouseIcon;
 };
 

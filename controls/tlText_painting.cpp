@@ -91,7 +91,7 @@ void tlText::Paint(HDC context) {
 void tlText::DrawCaption(HDC context) {
   const RECT place = m_run.IsDown.IsTrue() ? ShiftedByOne(m_run.TextRect) : m_run.TextRect;
   UINT style = DST_PREFIXTEXT;
-  if (m_enabledProperty.IsZero()) {
+  if (Enabled().IsZero()) {
     // Where a theme leaves no relief, its own colour for what is disabled.
     if (forms::MakesRelief(BackColor(), GetSysColor(COLOR_3DHILIGHT), GetSysColor(COLOR_3DSHADOW))) {
       style |= DSS_DISABLED;
@@ -129,7 +129,7 @@ void tlText::PlaceCaption(HDC context) {
 COLORREF tlText::CaptionColor() {
   if (!m_run.IsOver.IsTrue() || !m_run.InAction.IsZero()) {
     m_run.IsOver = false;
-    return m_foreColor;
+    return ForeColor();
   }
   return m_run.IsDown.IsTrue() ? m_downColor : m_moveColor;
 }
@@ -146,7 +146,7 @@ void tlText::DrawFocusMark(HDC context, RECT& inside) {
     inside.right = right - 1;
     inside.bottom = bottom - 1;
   } else if (m_focusDraw == 1) {
-    SetTextColor(context, m_foreColor);
+    SetTextColor(context, ForeColor());
     Keep(DrawFocusRect(context, &m_run.FocusRect));
   }
 }

@@ -1,6 +1,4 @@
 // The button's properties: setters with their side effects, defaults, loading and saving.
-#include <limits>
-
 #include "controls/pointer_picture.h"
 #include "controls/tlText.h"
 #include "forms/mouse_pointer.h"
@@ -13,12 +11,6 @@ namespace {
 constexpr COLORREF kDefaultFocusColor = 0xC0FFC0;
 constexpr COLORREF kDefaultMoveColor = 0xFF0000;
 constexpr COLORREF kDefaultDownColor = 0x00FF00;
-
-/// The background goes to the window, which knows no references to system colours.
-COLORREF WindowColor(COLORREF value) {
-  constexpr COLORREF kSystemReference = 0x80000000;
-  return (value & kSystemReference) != 0 ? GetSysColor(static_cast<int>(value & 0xFF)) : value;
-}
 
 std::int32_t ToStored(COLORREF color) { return static_cast<std::int32_t>(color); }
 COLORREF ToColor(std::int32_t stored) { return static_cast<COLORREF>(stored); }
@@ -76,22 +68,19 @@ void tlText::SetDEMove(Boolean value) {
 }
 
 void tlText::SetEnabled(Boolean value) {
-  Control::SetEnabled(!value.IsZero());
-  m_enabledProperty = value;
+  Control::SetEnabled(value);
   Notify(L"E");
   RepaintIfShown();
 }
 
 void tlText::SetBackColor(COLORREF value) {
-  m_backColor = value;
-  Control::SetBackColor(WindowColor(value));
+  Control::SetBackColor(value);
   Notify(L"BC");
   RepaintIfShown();
 }
 
 void tlText::SetForeColor(COLORREF value) {
-  m_foreColor = value;
-  Control::SetForeColor(WindowColor(value));
+  Control::SetForeColor(value);
   Notify(L"FC");
   RepaintIfShown();
 }
@@ -126,10 +115,7 @@ void tlText::SetCaption(std::wstring_view value) {
 }
 
 void tlText::SetMousePointer(std::int32_t value) {
-  using Narrow = std::numeric_limits<std::int16_t>;
-  if (value < Narrow::min() || value > Narrow::max()) throw OverflowError();
-  m_mousePointer = value;
-  Control::SetMousePointer(static_cast<std::int16_t>(value));
+  Control::SetMousePointer(value);
   // The notice carries the full name although the bag's key is "MP".
   Notify(L"MousePointer");
 }
@@ -185,13 +171,13 @@ void tlText::WriteProperties(PropertyBag& bag) const {
   bag.WriteInteger(L"SEM", m_seMode);
   bag.WriteBoolean(L"DEM", m_deMove);
   bag.WriteInteger(L"DEB", m_deBorder);
-  bag.WriteBoolean(L"E", m_enabledProperty);
-  bag.WriteInteger(L"BC", ToStored(m_backColor));
-  bag.WriteInteger(L"FC", ToStored(m_foreColor));
+  bag.WriteBoolean(L"E", Enabled());
+  bag.WriteInteger(L"BC", ToStored(BackColor()));
+  bag.WriteInteger(L"FC", ToStored(ForeColor()));
   bag.WriteInteger(L"MC", ToStored(m_moveColor));
   bag.WriteInteger(L"DC", ToStored(m_downColor));
   bag.WriteString(L"C", m_caption);
-  bag.WriteInteger(L"MP", m_mousePointer);
+  bag.WriteInteger(L"MP", MousePointer());
   bag.WritePicture(L"MI", m_mouseIcon);
 }
 

@@ -3,6 +3,7 @@
 #include <oleacc.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "forms/access_key.h"
 #include "forms/accessible.h"
@@ -13,6 +14,7 @@
 #include "forms/private_messages.h"
 #include "forms/reach.h"
 #include "forms/text_ruler.h"
+#include "text/error.h"
 
 namespace kvez::forms {
 
@@ -46,7 +48,8 @@ Window::Parameters Control::Prepare(Container& container, int id, const Place& p
   m_parent = container.ContainerHandle();
   m_place = place;
   Parameters parameters;
-  parameters.style = style | WS_CHILD | WS_CLIPSIBLINGS | (m_visible ? DWORD{WS_VISIBLE} : 0UL);
+  parameters.style = style | WS_CHILD | WS_CLIPSIBLINGS | (m_visible ? DWORD{WS_VISIBLE} : 0UL) |
+                     (m_enabled.IsZero() ? DWORD{WS_DISABLED} : 0UL);
   parameters.extendedStyle = extendedStyle;
   parameters.parent = m_parent;
   parameters.id = id;
@@ -87,11 +90,11 @@ void Control::SetVisible(bool visible) {
   if (visible) m_form->NotifyShown(this);
 }
 
-void Control::SetEnabled(bool enabled) {
-  if (enabled == m_enabled) return;
-  if (!enabled && Handle() != nullptr) m_form->LeaveFocus(*this);
+void Control::SetEnabled(Boolean enabled) {
+  const bool changes = enabled.IsZero() != m_enabled.IsZero();
+  if (changes && enabled.IsZero() && Handle() != nullptr) m_form->LeaveFocus(*this);
   m_enabled = enabled;
-  if (Handle() != nullptr) EnableWindow(Handle(), enabled);
+  if (changes && Handle() != nullptr) EnableWindow(Handle(), !enabled.IsZero());
 }
 
 void Control::SetFocus() {
@@ -136,12 +139,24 @@ void Control::SetForeColor(COLORREF color) {
   Invalidate();
 }
 
+void Control::SetMousePointer(std::int32_t shape) {
+  using Narrow = std::numeric_limits<std::int16_t>;
+  if (shape < Narrow::min() || shape > Narrow::max()) throw OverflowError();
+  m_mousePointer = static_cast<std::int16_t>(shape);
+}
+
 void Control::Invalidate() {
   if (Handle() != nullptr && IsWindowVisible(Handle())) InvalidateRect(Handle(), nullptr, TRUE);
 }
 
-HBRUSH Control::BackBrush() const {
+COLORREF Control::SeenBackColor() const {
+  constexpr COLORREF kSystemReference = 0x80000000;
   const COLORREF color = BackColor();
+  return (color & kSystemReference) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
+}
+
+HBRUSH Control::BackBrush() const {
+  const COLORREF color = SeenBackColor();
   if (!m_backBrush || color != m_backBrushColor) {
     m_backBrush.Reset(CreateSolidBrush(color));
     m_backBrushColor = color;
@@ -226,8 +241,8 @@ LONG Control::AccessibleState() const {
 void Control::OnCommand(UINT) {}
 
 LRESULT Control::OnColor(HDC context) {
-  SetTextColor(context, m_enabled ? ForeColor() : GetSysColor(COLOR_GRAYTEXT));
-  SetBkColor(context, BackColor());
+  SetTextColor(context, m_enabled.IsZero() ? GetSysColor(COLOR_GRAYTEXT) : ForeColor());
+  SetBkColor(context, SeenBackColor());
   return reinterpret_cast<LRESULT>(BackBrush());
 }
 

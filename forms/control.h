@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "forms/boolean.h"
 #include "forms/events.h"
 #include "forms/window.h"
 #include "platform/windows/owned.h"
@@ -76,8 +77,9 @@ class Control : public Window {
   /// Hiding or disabling the control that has the keyboard focus hands the focus to the next one. A control that is
   /// hidden before it is created never shows, not even for a moment.
   void SetVisible(bool visible);
-  bool Enabled() const { return m_enabled; }
-  virtual void SetEnabled(bool enabled);
+  /// Whatever is not zero counts as enabled.
+  Boolean Enabled() const { return m_enabled; }
+  virtual void SetEnabled(Boolean enabled);
 
   /// Takes the keyboard focus, or will take it when the form becomes active. A control that is hidden or disabled then
   /// leaves the focus where it is.
@@ -98,15 +100,18 @@ class Control : public Window {
 
   COLORREF BackColor() const;
   COLORREF ForeColor() const;
-  /// Without these, a control has the system's colours and follows their changes.
+  /// Without these, a control has the system's colours and follows their changes. The background may be a reference to
+  /// one of them: 0x80000000 and its number.
   virtual void SetBackColor(COLORREF color);
   virtual void SetForeColor(COLORREF color);
 
   void SetFontStyle(FontStyle style);
   HFONT Font() const;
 
-  /// The pointer over the control, by the design's numbers.
-  void SetMousePointer(std::int16_t shape) { m_mousePointer = shape; }
+  /// The pointer over the control, by the design's numbers. Throws OverflowError outside of 16 bits and changes nothing
+  /// then.
+  std::int32_t MousePointer() const { return m_mousePointer; }
+  virtual void SetMousePointer(std::int32_t shape);
 
   /// The name that a screen reader says; without it, the system's own answer (the caption, the label before).
   void SetAccessibleName(std::wstring_view name) { m_accessibleName = name; }
@@ -171,7 +176,8 @@ class Control : public Window {
   void RenewToolTip();
   virtual COLORREF DefaultBackColor() const;
   virtual COLORREF DefaultForeColor() const;
-  /// The brush for the background; owned by the control.
+  /// The colour and the brush of the background as it is seen now; the brush is owned by the control.
+  COLORREF SeenBackColor() const;
   HBRUSH BackBrush() const;
   HCURSOR m_customPointer = nullptr;  // not owned
 
@@ -198,7 +204,7 @@ class Control : public Window {
   HWND m_parent = nullptr;
   Place m_place;
   bool m_visible = true;
-  bool m_enabled = true;
+  Boolean m_enabled = true;
   bool m_tabStop = false;
   bool m_pointerHasMoved = false;
   bool m_wasPressedHere = false;

@@ -44,7 +44,7 @@ bool IsCovered(const Control& control, const Control* leaving) {
 
 bool CanBeReached(const Control& control, const Control* leaving) {
   const HWND window = control.Handle();
-  if (window == nullptr || !control.Enabled() || !IsWindowVisible(window) || IsWithin(window, leaving)) return false;
+  if (window == nullptr || !IsWindowVisible(window) || IsWithin(window, leaving)) return false;
   const Form& form = control.OwnerForm();
   for (HWND around = window; around != nullptr; around = around == form.Handle() ? nullptr : GetParent(around)) {
     if (!IsWindowEnabled(around)) return false;

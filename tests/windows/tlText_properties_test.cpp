@@ -200,6 +200,37 @@ TEST_F(TlTextProperties, EnabledGoesToTheWindow) {
   EXPECT_TRUE(IsWindowEnabled(button.Handle()));
 }
 
+TEST_F(TlTextProperties, WhoKnowsItOnlyAsAControlIsToldTheSame) {
+  const forms::Control& control = button;
+  button.SetEnabled(Boolean::FromStored(1));
+  EXPECT_EQ(control.Enabled(), button.Enabled());
+  EXPECT_EQ(control.Enabled().Stored(), 1);
+  button.SetBackColor(0x80000000 | COLOR_BTNFACE);
+  EXPECT_EQ(control.BackColor(), button.BackColor());
+  EXPECT_EQ(control.BackColor(), 0x80000000U | COLOR_BTNFACE);
+  button.SetForeColor(0x80000000 | COLOR_BTNTEXT);
+  EXPECT_EQ(control.ForeColor(), button.ForeColor());
+  EXPECT_EQ(control.ForeColor(), 0x80000000U | COLOR_BTNTEXT);
+  button.SetMousePointer(2);
+  EXPECT_EQ(control.MousePointer(), button.MousePointer());
+  EXPECT_EQ(control.MousePointer(), 2);
+}
+
+TEST_F(TlTextProperties, WhatItIsToldAsAControlIsOneOfItsProperties) {
+  forms::Control& control = button;
+  control.SetEnabled(Boolean::FromStored(1));
+  control.SetBackColor(0x010203);
+  control.SetForeColor(0x040506);
+  control.SetMousePointer(11);
+  EXPECT_EQ(host.TakeNotices(), (Notices{L"E", L"BC", L"FC", L"MousePointer"}));
+  MemoryPropertyBag bag;
+  button.WriteProperties(bag);
+  EXPECT_EQ(bag.ReadBoolean(L"E", false).Stored(), 1);
+  EXPECT_EQ(bag.ReadInteger(L"BC", 0), 0x010203);
+  EXPECT_EQ(bag.ReadInteger(L"FC", 0), 0x040506);
+  EXPECT_EQ(bag.ReadInteger(L"MP", 0), 11);
+}
+
 TEST_F(TlTextProperties, NothingRepaintsBeforeTheButtonIsShown) {
   button.SetCaption(L"a");
   button.SetBackColor(1);

@@ -3,10 +3,10 @@
 #include <concepts>
 #include <cstdint>
 
-namespace kvez {
+namespace kvez::forms {
 
-/// A truth value as the button's properties keep and persist it: 16 bits, true is all ones. A stored value that is
-/// neither 0 nor all ones is "not zero" without being "true", and the two are asked for in different places.
+/// A truth value as properties keep and persist it: 16 bits, true is all ones. A stored value that is neither 0 nor all
+/// ones is "not zero" without being "true", and the two are asked for in different places.
 class Boolean {
  public:
   constexpr Boolean() = default;
@@ -30,4 +30,4 @@ class Boolean {
   std::int16_t m_value = 0;
 };
 
-}  // namespace kvez
+}  // namespace kvez::forms
