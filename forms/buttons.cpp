@@ -114,7 +114,7 @@ LRESULT OptionButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CheckBox::Create(Container& container, int id, const Place& place, std::wstring_view caption) {
-  Parameters parameters = Prepare(container, id, place, BS_CHECKBOX | BS_NOTIFY | WS_TABSTOP);
+  Parameters parameters = Prepare(container, id, place, BS_CHECKBOX | BS_TOP | BS_NOTIFY | WS_TABSTOP);
   const std::wstring text(caption);
   parameters.text = text.c_str();
   CreateNative(L"BUTTON", parameters);

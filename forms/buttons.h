@@ -38,6 +38,7 @@ class OptionButton : public EventControl {
   bool m_takingFocus = false;
 };
 
+/// Its square stands at the top: one as high as its row, centred on a lower text, would lose its upper edge.
 class CheckBox : public EventControl {
  public:
   void Create(Container& container, int id, const Place& place, std::wstring_view caption);

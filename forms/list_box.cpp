@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "forms/client_area.h"
 #include "forms/form.h"
 #include "forms/input_gate.h"
 #include "forms/private_messages.h"
@@ -120,15 +121,26 @@ int ListBox::ItemFromPoint(int x, int y) const {
   return row < ListCount() ? row : -1;
 }
 
-int ListBox::RowThatThePointerCameTo(int x, int y) const {
+RECT ListBox::RowRectangle(int row) const {
+  RECT rectangle{};
+  Native(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
+  return rectangle;
+}
+
+int ListBox::RowThatThePointerCameTo(float xTwips, float yTwips) const {
   if (!PointerHasMoved() || !TakesPointer(OwnerForm()) || !CanBeReached(*this)) return -1;
-  const int row = ItemFromPoint(x, y);
+  const float twipsPerPixel = OwnerForm().TwipsPerPixel();
+  const int row = ItemFromPoint(static_cast<int>(xTwips / twipsPerPixel), static_cast<int>(yTwips / twipsPerPixel));
   if (row < 0) return -1;
-  RECT bounds{};
-  RECT client{};
-  Native(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&bounds));
-  GetClientRect(Handle(), &client);
-  return bounds.top >= client.top && bounds.bottom <= client.bottom ? row : -1;
+  const RECT bounds = RowRectangle(row);
+  return bounds.top >= 0 && bounds.bottom <= ClientOf(Handle()).bottom ? row : -1;
+}
+
+POINT ListBox::MenuPlace() const {
+  const LONG under = ListIndex() >= 0 ? RowRectangle(ListIndex()).bottom : 0;
+  POINT place = {0, under <= ClientOf(Handle()).bottom ? std::max(under, 0L) : 0};
+  ClientToScreen(Handle(), &place);
+  return place;
 }
 
 int ListBox::FindString(std::wstring_view text) const {

@@ -44,10 +44,15 @@ class ListBox : public EventControl {
 
   /// The row at a point in pixels of the box; -1 when there is none.
   int ItemFromPoint(int x, int y) const;
-  /// In MouseMove: the row that the user's hand has brought the pointer to, which is at this point in pixels of the
-  /// box. Only a row that is seen whole, for selecting it would scroll another one under the pointer, and only while
-  /// the box can be reached and its form is the one in front; else -1.
-  int RowThatThePointerCameTo(int x, int y) const;
+  /// Where a row is, in pixels of the box, also outside of what is seen of it.
+  RECT RowRectangle(int row) const;
+  /// In MouseMove, with its place in twips: the row that the user's hand has brought the pointer to. Only a row that is
+  /// seen whole, for selecting it would scroll another one under the pointer, and only while the box can be reached and
+  /// its form is the one in front; else -1.
+  int RowThatThePointerCameTo(float xTwips, float yTwips) const;
+  /// Where a menu that the keyboard asks for opens, in pixels of the screen: under the selected row, or at the upper
+  /// edge when none is selected or it is scrolled out of sight.
+  POINT MenuPlace() const;
   /// The first row that begins with `text`, whatever its case, from the whole list; -1 for none.
   int FindString(std::wstring_view text) const;
 

@@ -1,6 +1,8 @@
 #include "forms/text_box.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "forms/form.h"
 
@@ -74,6 +76,14 @@ void TextBox::PasteText() {
 }
 
 void TextBox::SelectAll() { Native(EM_SETSEL, 0, -1); }
+
+void TextBox::DoClipboardKey(std::int16_t keyCode) {
+  constexpr std::array<std::pair<int, UINT>, 4> kCommands = {
+      {{'C', WM_COPY}, {'X', WM_CUT}, {'V', WM_PASTE}, {'Z', WM_UNDO}}};
+  for (const auto& [key, command] : kCommands) {
+    if (key == keyCode) OnMessage(command, 0, 0);
+  }
+}
 
 void TextBox::OnCommand(UINT notification) {
   if (notification == EN_CHANGE && Change) Change();

@@ -23,6 +23,9 @@ class TextBox : public EventControl {
   void SetMaxLength(int characters);
 
   void SelectAll();
+  /// What Ctrl does with the key of this code: C copies, X cuts, V pastes, Z takes the last change back. Any other key
+  /// does nothing. For who keeps the characters of these keys from the box.
+  void DoClipboardKey(std::int16_t keyCode);
 
   PlainEvent Change;
   /// What goes into a box of one line instead of a text that is pasted. Without it, that text goes in as the system

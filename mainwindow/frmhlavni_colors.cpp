@@ -35,8 +35,7 @@ void frmhlavni::Form_SysColorsChanged() {
     button->SetMoveColor(ButtonMoveColor());
     button->SetDownColor(ButtonDownColor());
   }
-  // It is none of the form's controls, and remembers the colours until its parent tells it.
-  SendMessageW(m_statusBar.Handle(), WM_SYSCOLORCHANGE, 0, 0);
+  m_statusBar.SystemColorsChanged();
 }
 
 }  // namespace kvez

@@ -68,8 +68,7 @@ void frmhlavni::ShowDistrict() {
 void frmhlavni::lstMPSC_MouseMove(std::size_t index, float xTwips, float yTwips) {
   if (m_busy || !IsSet(kSelectUnderPointer)) return;
   forms::ListBox& list = lstMPSC[index];
-  const int row = list.RowThatThePointerCameTo(static_cast<int>(xTwips / TwipsPerPixel()),
-                                               static_cast<int>(yTwips / TwipsPerPixel()));
+  const int row = list.RowThatThePointerCameTo(xTwips, yTwips);
   if (row < 0 || m_shown == Shown{index, row}) return;
   // The row may still be its list's selected one although another list's is shown.
   if (row == list.ListIndex()) {

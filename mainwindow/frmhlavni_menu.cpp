@@ -28,17 +28,7 @@ void frmhlavni::lstMPSC_ContextMenuKey() {
   if (!forms::TakesInput(*this)) return;
   const forms::InputPause pause(*this);
   if (SaysThatListIsEmpty()) return;
-  const HWND list = lstMPSC[kListResult].Handle();
-  // Under the selected row, or under the list's upper edge when none is selected or it is scrolled out of sight.
-  RECT row{};
-  RECT client{};
-  GetClientRect(list, &client);
-  const LRESULT selected = SendMessageW(list, LB_GETCURSEL, 0, 0);
-  if (selected >= 0) SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&row));
-  const bool isInSight = row.bottom > client.top && row.bottom <= client.bottom;
-  POINT place = {client.left, isInSight ? row.bottom : client.top};
-  ClientToScreen(list, &place);
-  ShowListMenu(place);
+  ShowListMenu(lstMPSC[kListResult].MenuPlace());
 }
 
 bool frmhlavni::SaysThatListIsEmpty() {

@@ -9,22 +9,12 @@ namespace kvez {
 namespace {
 
 constexpr int kCtrlA = 1;
-constexpr int kKeyEnter = 13;
-constexpr int kKeyShift = 16;
 
 // Five digits and one blank, "692 01".
 constexpr int kPostalTextLength = 6;
 
 // Setting 2: the light-blue field searches by itself some time after the last key was released.
 constexpr std::int16_t kSearchWhileTyping = 2;
-
-void EditByKey(const forms::TextBox& box, std::int16_t keyCode) {
-  constexpr std::array<std::pair<int, UINT>, 4> kCommands = {
-      {{'C', WM_COPY}, {'X', WM_CUT}, {'V', WM_PASTE}, {'Z', WM_UNDO}}};
-  for (const auto& [key, command] : kCommands) {
-    if (key == keyCode) SendMessageW(box.Handle(), command, 0, 0);
-  }
-}
 
 }  // namespace
 
@@ -65,7 +55,7 @@ void frmhlavni::txtMPSC_LostFocus(std::size_t index) {
 
 void frmhlavni::txtMPSC_KeyPress(std::size_t /*index*/, std::int16_t& keyAscii) {
   // Enter was handled when the key went down; passed on it would only beep.
-  if (keyAscii == kKeyEnter || (IsMode(kModePostal) && keyAscii != kCtrlA && !IsPostalKey(keyAscii))) keyAscii = 0;
+  if (keyAscii == VK_RETURN || (IsMode(kModePostal) && keyAscii != kCtrlA && !IsPostalKey(keyAscii))) keyAscii = 0;
 }
 
 void frmhlavni::txtMPSC_Change(std::size_t index) {
@@ -81,14 +71,14 @@ std::wstring frmhlavni::txtMPSC_Paste(const std::wstring& text) const {
 
 void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::int16_t shift) {
   // The filter of PSČ mode swallows the control characters of the clipboard keys, too: their work is done here.
-  if (IsMode(kModePostal) && shift == forms::kCtrlMask) EditByKey(txtMPSC[index], keyCode);
+  if (IsMode(kModePostal) && shift == forms::kCtrlMask) txtMPSC[index].DoClipboardKey(keyCode);
   // A key that is held acts once; with Ctrl or Alt, Shift belongs to what comes next.
   const bool acts = !KeyIsRepeated();
-  if (keyCode == kKeyShift && acts && (shift & ~forms::kShiftMask) == 0 && (IsMode(kModePostal) || IsMode(kModeName))) {
+  if (keyCode == VK_SHIFT && acts && (shift & ~forms::kShiftMask) == 0 && (IsMode(kModePostal) || IsMode(kModeName))) {
     HandFocusOver(txtMPSC[index], txtMPSC[index == 0 ? 1 : 0]);
   }
   if (index == 0) {
-    if (keyCode != kKeyEnter || !acts || !forms::TakesInput(*this)) return;
+    if (keyCode != VK_RETURN || !acts || !forms::TakesInput(*this)) return;
     VyhledejSeznam();
     txtMPSC[kFieldBeginning].SetText(L"");
     txtMPSC[kFieldText].SelectAll();
@@ -96,7 +86,7 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
   }
   if (IsSet(kSearchWhileTyping)) {
     tmrMPSC.SetEnabled(false);
-  } else if (keyCode == kKeyEnter && acts) {
+  } else if (keyCode == VK_RETURN && acts) {
     tmrMPSC_Timer();
     txtMPSC[kFieldBeginning].SelectAll();
   }
@@ -105,7 +95,7 @@ void frmhlavni::txtMPSC_KeyDown(std::size_t index, std::int16_t& keyCode, std::i
 void frmhlavni::txtMPSC_KeyUp(std::size_t index, std::int16_t& keyCode, std::int16_t /*shift*/) {
   if (index != 1 || !IsSet(kSearchWhileTyping)) return;
   // These come with other keys, or from the other field; alone they type nothing that could be searched for.
-  const bool typesNothing = keyCode == kKeyShift || keyCode == VK_CONTROL || keyCode == VK_MENU;
+  const bool typesNothing = keyCode == VK_SHIFT || keyCode == VK_CONTROL || keyCode == VK_MENU;
   if (!typesNothing || m_deferredSearchIsDue) tmrMPSC.SetEnabled(true);
 }
 

@@ -65,7 +65,7 @@ void frmhlavni::tlHAktualizace_Click() {
 std::int32_t frmhlavni::DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status,
                                            LongWork& work) {
   m_statusBar.SetText(status, kMessagePanel, SBT_POPOUT);
-  UpdateWindow(m_statusBar.Handle());
+  m_statusBar.Refresh();
   BeginStep(L"Strpení prosím, stahuji. Ukončí to klávesa Esc.");
   return m_services.downloader.Download(kDownloadBase + name, path, [&](std::uint64_t bytes, std::uint64_t total) {
     ShowDownloaded(bytes, total);

@@ -150,6 +150,10 @@ void StatusBar::ParentResized() {
   if (IsWindow(m_window)) SendMessageW(m_window, WM_SIZE, 0, 0);
 }
 
+void StatusBar::SystemColorsChanged() { SendMessageW(Handle(), WM_SYSCOLORCHANGE, 0, 0); }
+
+void StatusBar::Refresh() { UpdateWindow(Handle()); }
+
 void StatusBar::DpiChanged(unsigned dpi) {
   if (!IsWindow(m_window) || (dpi == m_dpi && IsSameFont(m_messageFont, forms::MessageFont(dpi)))) return;
   ScaleTo(dpi);

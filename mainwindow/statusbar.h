@@ -53,6 +53,12 @@ class StatusBar {
   /// The parent has another scaling, or the user another font for messages.
   void DpiChanged(unsigned dpi);
 
+  /// The bar remembers the system's colours until it is told that they have changed.
+  void SystemColorsChanged();
+
+  /// Paints what is outdated at once.
+  void Refresh();
+
   /// Null without a bar.
   HWND Handle() const { return IsWindow(m_window) ? m_window : nullptr; }
 

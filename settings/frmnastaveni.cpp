@@ -58,9 +58,6 @@ frmnastaveni::frmnastaveni(clspsc& database, ShortcutPlatform shortcut, const fo
   for (std::size_t i = 0; i < chkN.size(); ++i) {
     const auto index = static_cast<std::int16_t>(i);
     chkN[i].Create(*this, kChkN + index, kRows[i].place, kRows[i].caption);
-    // A square as high as its row, centred on a lower text, would lose its upper edge.
-    const HWND box = chkN[i].Handle();
-    SetWindowLongPtrW(box, GWL_STYLE, GetWindowLongPtrW(box, GWL_STYLE) | BS_TOP);
     chkN[i].Click = [this, index] { chkN_Click(index); };
   }
   FitCaptions();

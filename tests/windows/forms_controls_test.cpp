@@ -56,6 +56,27 @@ TEST(TextBoxTest, CtrlASelectsAll) {
   EXPECT_EQ(HIWORD(SendMessageW(box.Handle(), EM_GETSEL, 0, 0)), 3);
 }
 
+TEST(TextBoxTest, ClipboardKeysWorkWithoutTheirCharacters) {
+  TestForm form;
+  TextBox box;
+  box.Create(form, 1, {0, 0, 1500, 285});
+  box.SetText(L"Praha");
+  box.SelectAll();
+  box.DoClipboardKey('X');
+  EXPECT_EQ(box.Text(), L"");
+  box.DoClipboardKey('Z');
+  EXPECT_EQ(box.Text(), L"Praha");
+  box.SelectAll();
+  box.DoClipboardKey('C');
+  box.SetText(L"");
+  box.Paste = [](const std::wstring& text) { return L"Nová " + text; };
+  box.DoClipboardKey('V');
+  EXPECT_EQ(box.Text(), L"Nová Praha");
+  box.SelectAll();
+  box.DoClipboardKey('A');
+  EXPECT_EQ(box.Text(), L"Nová Praha");
+}
+
 TEST(TextBoxTest, ReadOnlyLinesKeepTheirTextAndTab) {
   TestForm form;
   TextBox lines;
@@ -171,6 +192,13 @@ TEST(CheckBoxTest, ChangeOfTheValueRaisesClick) {
   test::ReleaseButton();
   EXPECT_EQ(log, (Log{"1", "0", "1"}));
   EXPECT_EQ(check.Value(), 1);
+}
+
+TEST(CheckBoxTest, SquareStandsAtTheTop) {
+  TestForm form;
+  CheckBox box;
+  box.Create(form, 1, {0, 0, 1500, 255}, L"Volba");
+  EXPECT_EQ(GetWindowLongPtrW(box.Handle(), GWL_STYLE) & BS_VCENTER, BS_TOP);
 }
 
 TEST(LabelTest, ShowsTheMarkOfAnAccessKeyAsItIs) {

@@ -131,6 +131,29 @@ TEST_F(ListBoxTest, ItemFromPointCountsBeyondSixteenBits) {
   EXPECT_EQ(list.ItemFromPoint(5, 100000), -1);
 }
 
+TEST_F(ListBoxTest, MenuOpensUnderTheSelectedRowAsLongAsThatIsSeen) {
+  Fill(100);
+  const int height = static_cast<int>(SendMessageW(list.Handle(), LB_GETITEMHEIGHT, 0, 0));
+  const POINT corner = test::OnScreen(list.Handle(), 0, 0);
+  const auto below = [&] {
+    const POINT place = list.MenuPlace();
+    EXPECT_EQ(place.x, corner.x);
+    return place.y - corner.y;
+  };
+  EXPECT_EQ(below(), 0);
+  list.SetListIndex(2);
+  EXPECT_EQ(list.RowRectangle(2).top, 2 * height);
+  EXPECT_EQ(list.RowRectangle(2).bottom, 3 * height);
+  EXPECT_EQ(below(), 3 * height);
+  SendMessageW(list.Handle(), LB_SETTOPINDEX, 50, 0);
+  EXPECT_EQ(list.RowRectangle(2).top, -48 * height);
+  EXPECT_EQ(below(), 0);
+  SendMessageW(list.Handle(), LB_SETTOPINDEX, 0, 0);
+  list.SetListIndex(99);
+  SendMessageW(list.Handle(), LB_SETTOPINDEX, 0, 0);
+  EXPECT_EQ(below(), 0);
+}
+
 TEST_F(ListBoxTest, FindStringIgnoresCaseAndBeginsAtTheTop) {
   list.AddRow(L"Brno", 1);
   list.AddRow(L"Praha", 2);
