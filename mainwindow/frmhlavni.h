@@ -22,7 +22,6 @@
 #include "mainwindow/message_timer.h"
 #include "mainwindow/previous_files.h"
 #include "mainwindow/search_panel_rules.h"
-#include "mainwindow/status_icons.h"
 #include "mainwindow/statusbar.h"
 #include "platform/platform.h"
 #include "postal/clspsc.h"
@@ -159,7 +158,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
 
   // frmhlavni_panel
   bool IsMode(SearchMode mode) const { return m_mode == mode; }
-  void ShowIcon(StatusIcon icon) { m_statusBar.SetIcon(kMessagePanel, -1, icon.name); }
+  void ShowIcon(StatusIcon icon) { m_statusBar.SetIcon(kMessagePanel, -1, icon); }
   /// To be called at the end of every command: what the panel offers follows from what is chosen in it.
   void UpdatePanel();
   void ShowModeHint(std::wstring_view hint);

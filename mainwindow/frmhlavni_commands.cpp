@@ -19,17 +19,17 @@ void frmhlavni::BindCommands() {
   };
   // tlHObcePSC_MouseMoveEnabled, tlHVyhledej_MouseMoveEnabled and so on: one handler for all.
   const std::array<Hint, 11> hints = {{
-      {tlHObcePSC, kIconSearch},
-      {tlHVyhledej, kIconSearch},
-      {tlHAktualizace, kIconProgram},
-      {tlHNapoveda, kIconHelp},
-      {tlHOaplikaci, kIconProgram},
-      {tlHNastaveni, kIconSettings},
-      {tlHKonec, kIconProgram},
-      {tlHMeil, kIconMail},
-      {tlHWWW, kIconInternet},
-      {tlHPCInfo, kIconComputer},
-      {tlHStorno, kIconProgram},
+      {tlHObcePSC, StatusIcon::Search},
+      {tlHVyhledej, StatusIcon::Search},
+      {tlHAktualizace, StatusIcon::Program},
+      {tlHNapoveda, StatusIcon::Help},
+      {tlHOaplikaci, StatusIcon::Program},
+      {tlHNastaveni, StatusIcon::Settings},
+      {tlHKonec, StatusIcon::Program},
+      {tlHMeil, StatusIcon::Mail},
+      {tlHWWW, StatusIcon::Internet},
+      {tlHPCInfo, StatusIcon::Computer},
+      {tlHStorno, StatusIcon::Program},
   }};
   for (const Hint& hint : hints) {
     hint.button.MouseMoveEnabled = [this, &button = hint.button, icon = hint.icon](bool mme) {
@@ -62,7 +62,7 @@ void frmhlavni::ClearMessage() { m_statusBar.SetText(L"", kMessagePanel, SBT_NOB
 
 void frmhlavni::ShowRestingMessage() {
   if (m_modeHint.empty()) return ClearMessage();
-  ShowIcon(kIconProgram);
+  ShowIcon(StatusIcon::Program);
   m_statusBar.SetText(m_modeHint, kMessagePanel, 0);
 }
 

@@ -44,7 +44,7 @@ void frmhlavni::Titul() {
 void frmhlavni::NactiDatabazi() {
   {
     const HourglassScope hourglass;
-    ShowIcon(kIconLoading);
+    ShowIcon(StatusIcon::Loading);
     try {
       LoadAndFillLists();
     } catch (...) {
@@ -111,7 +111,7 @@ void frmhlavni::ShowMessage(std::wstring_view message) {
 void frmhlavni::FillLists() {
   // The long list is drawn when the panel no longer lies on it; each look of it takes as long as a thousand rows.
   const FillScope listIsDrawnOnce(lstMPSC[kListAll]);
-  ShowIcon(kIconList);
+  ShowIcon(StatusIcon::List);
   BeginStep(L"Vytváření uživatelského seznamu.", L"Strpení prosím, vytvářím seznam obcí.");
   m_database.pscVyberVse(m_allList, *this);
   lblPSCV[kCountAll].SetCaption(m_database.pscVybran());
@@ -124,7 +124,7 @@ void frmhlavni::FillLists() {
   optMPSC[kModeDistrict].SetVisible(districts);
   picMPSCPI.SetVisible(false);
   picZpravaI.Cls();
-  ShowIcon(kIconProgram);
+  ShowIcon(StatusIcon::Program);
 }
 
 std::wstring frmhlavni::LastUpdateText() const {

@@ -69,7 +69,7 @@ void frmhlavni::PrintList(const std::wstring& heading) {
   const HourglassScope hourglass;
   const VisibleScope panel(picMPSCPI);
   LongWork work(*this);
-  ShowIcon(kIconList);
+  ShowIcon(StatusIcon::List);
   BeginStep(L"Tiskne se seznam vybraných obcí. Tisk ukončí klávesa Esc.", L"Strpení prosím, připravuji tisk.");
   m_database.pTisk(heading, *this);
   picZpravaI.Cls();

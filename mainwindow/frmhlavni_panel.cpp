@@ -47,7 +47,7 @@ void frmhlavni::ShowSearchOffer(const std::wstring& text) {
     m_searchOffer.clear();
   }
   if (m_searchOffer.empty()) return;
-  ShowIcon(kIconSearch);
+  ShowIcon(StatusIcon::Search);
   m_statusBar.SetText(m_searchOffer, kMessagePanel, 0);
 }
 

@@ -31,7 +31,7 @@ void frmhlavni::OfferPreviousDatabase() {
 void frmhlavni::SayThatDatabaseIsKept() { SayForAWhile(L"Byla zachována původní databáze."); }
 
 void frmhlavni::SayForAWhile(std::wstring_view text) {
-  ShowIcon(kIconProgram);
+  ShowIcon(StatusIcon::Program);
   m_statusBar.SetText(text, kMessagePanel, 0);
   m_messageTimer.Start(kMessageMilliseconds, [this, text = std::wstring(text)] {
     // A hint or another message may have taken its place.

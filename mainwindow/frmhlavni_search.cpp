@@ -19,7 +19,7 @@ constexpr std::int16_t kSearchWhileTyping = 2;
 }  // namespace
 
 void frmhlavni::optMPSC_Click(std::size_t index) {
-  ShowIcon(kIconProgram);
+  ShowIcon(StatusIcon::Program);
   EndDeferredSearch();
   m_mode = static_cast<SearchMode>(index);
   m_chosenRow.reset();
@@ -146,7 +146,7 @@ void frmhlavni::SelectBeginning(std::size_t index) {
 void frmhlavni::SayThatNoModeIsChosen() { SayThatAModeIsNeeded(L"Nejdříve zvolte PSČ, Obec nebo Okres."); }
 
 void frmhlavni::SayThatAModeIsNeeded(std::wstring_view text) {
-  ShowIcon(kIconProgram);
+  ShowIcon(StatusIcon::Program);
   m_statusBar.SetText(text, kMessagePanel, 0);
 }
 

@@ -38,7 +38,7 @@ void frmhlavni::tlHAktualizace_Click() {
   const forms::InputPause pause(*this);
   // What a failure just before has left to be cleared is over; it must not clear what this one says.
   m_messageTimer.Stop();
-  ShowIcon(kIconDownload);
+  ShowIcon(StatusIcon::Download);
   // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
   if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();
   picMPSCPI.SetVisible(true);
@@ -89,7 +89,7 @@ void frmhlavni::TakeOverDownloadedFiles() {
   picMPSCPI.SetVisible(true);
   {
     const HourglassScope hourglass;
-    ShowIcon(kIconMemory);
+    ShowIcon(StatusIcon::Memory);
     ShowMessage(L"Strpení prosím, uvolňuji paměť.");
     m_database.pscUvolniPamet(*this);
   }
@@ -135,7 +135,7 @@ void frmhlavni::tlHNapoveda_Click() {
     ShowHelp(path);
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
-    ShowIcon(kIconDownload);
+    ShowIcon(StatusIcon::Download);
     const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
     std::int32_t result = 0;
     {

@@ -95,27 +95,26 @@ void StatusBar::WriteClock() {
   SetText(DatePanelText(m_formats.Date(now, L"dddd, d.m.yyyy")), kDatePanel, 0);
 }
 
-void StatusBar::SetText(std::wstring_view text, std::int32_t panel, std::int32_t flags) {
+void StatusBar::SetText(std::wstring_view text, StatusPanel panel, std::int32_t flags) {
   if (!IsWindow(m_window)) return;
   const bool isMessage = panel == kMessagePanel;
   if (isMessage) {
     m_message = text;
     m_messageFlags = flags;
   }
-  // Panel 2 is the only one with an icon, so its icon is meant whichever panel is emptied. It goes first: the bar
-  // paints a new text at once, and would paint the panel again for the icon.
-  if (text.empty()) SetIcon(kMessagePanel, 0, L"");
+  // The message panel is the only one with an icon, so its icon is meant whichever panel is emptied. It goes first: the
+  // bar paints a new text at once, and would paint the panel again for the icon.
+  if (text.empty()) SetIcon(kMessagePanel, 0, StatusIcon::None);
   if (!isMessage || !m_menuExplanationShown) SendText(text, static_cast<std::size_t>(panel | flags));
 }
 
-void StatusBar::SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName) {
-  if (!IsWindow(m_window) || panel < 0 || panel >= static_cast<std::int32_t>(kPanelCount)) return;
-  const auto index = static_cast<std::size_t>(panel);
-  const std::wstring_view wanted = mode == -1 ? iconName : std::wstring_view();
+void StatusBar::SetIcon(StatusPanel panel, std::int16_t mode, StatusIcon icon) {
+  if (!IsWindow(m_window)) return;
+  const StatusIcon wanted = mode == -1 ? icon : StatusIcon::None;
   // Loading an icon takes longer than all else that a hint does, and many hints in a row have the same one.
-  if (m_panels[index].iconName == wanted && (wanted.empty() || m_panels[index].icon)) return;
-  m_panels[index].iconName = wanted;
-  LoadIconOf(index);
+  if (m_panels[panel].shown == wanted && (wanted == StatusIcon::None || m_panels[panel].icon)) return;
+  m_panels[panel].shown = wanted;
+  LoadIconOf(panel);
 }
 
 void StatusBar::SendText(std::wstring_view text, std::size_t panelAndFlags) {
@@ -132,11 +131,11 @@ void StatusBar::SendText(std::wstring_view text, std::size_t panelAndFlags) {
 void StatusBar::LoadIconOf(std::size_t index) {
   Panel& panel = m_panels[index];
   OwnedIcon icon;
-  if (!panel.iconName.empty()) {
+  if (panel.shown != StatusIcon::None) {
     const int size = MulDiv(16, static_cast<int>(m_dpi), 96);
     // The loaded icon belongs to the system. The copy is made anew from the resource, which has a drawing for each
     // size, instead of by shrinking the loaded one.
-    const HICON loaded = LoadIconW(GetModuleHandleW(nullptr), panel.iconName.c_str());
+    const HICON loaded = LoadIconW(GetModuleHandleW(nullptr), panel.shown.Name());
     icon.Reset(static_cast<HICON>(CopyImage(loaded, IMAGE_ICON, size, size, LR_COPYFROMRESOURCE)));
   }
   if (index != kMessagePanel || !m_menuExplanationShown) {

@@ -9,19 +9,17 @@
 #include <string_view>
 
 #include "mainwindow/menu_explanations.h"
+#include "mainwindow/status_icons.h"
 #include "platform/clock.h"
 #include "platform/formats.h"
 #include "platform/windows/owned.h"
 
 namespace kvez {
 
-/// The panels of the status bar.
-inline constexpr std::int32_t kClockPanel = 0;
-inline constexpr std::int32_t kDatePanel = 1;
-inline constexpr std::int32_t kMessagePanel = 2;
+/// The panels of the status bar: a clock, the date, and messages with an optional icon.
+enum StatusPanel : std::int32_t { kClockPanel = 0, kDatePanel = 1, kMessagePanel = 2 };
 
-/// The status bar at the bottom of the main window. Panel 0 is a clock, panel 1 the date, panel 2 carries messages with
-/// an optional icon. A process has one at a time.
+/// The status bar at the bottom of the main window. A process has one at a time.
 class StatusBar {
  public:
   /// Everything given here outlives the bar.
@@ -34,15 +32,14 @@ class StatusBar {
   void Create(HWND parent, bool sizeGrip);
 
   /// `flags`: 0 sunken, 256 (SBT_NOBORDERS) without border, 512 (SBT_POPOUT) raised. An empty text also removes the
-  /// icon of panel 2. Without a bar it does nothing.
-  void SetText(std::wstring_view text, std::int32_t panel, std::int32_t flags);
+  /// icon of the message panel. Without a bar it does nothing.
+  void SetText(std::wstring_view text, StatusPanel panel, std::int32_t flags);
 
   /// What the message panel was last told. A menu's explanation covers it for as long as the menu is open.
   const std::wstring& Message() const { return m_message; }
 
-  /// Mode -1 shows the icon resource of that name, none when there is no such resource; any other mode removes the
-  /// panel's icon. Without a bar, or for a panel that is none, it does nothing.
-  void SetIcon(std::int32_t panel, std::int16_t mode, std::wstring_view iconName);
+  /// Mode -1 shows the icon; any other mode removes the panel's icon. Without a bar it does nothing.
+  void SetIcon(StatusPanel panel, std::int16_t mode, StatusIcon icon);
 
   /// Takes the bar off its parent. May be called at any time and more than once.
   void Destroy();
@@ -66,7 +63,7 @@ class StatusBar {
   static constexpr std::size_t kPanelCount = 3;
 
   struct Panel {
-    std::wstring iconName;
+    StatusIcon shown = StatusIcon::None;
     OwnedIcon icon;
   };
 

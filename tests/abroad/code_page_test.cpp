@@ -76,12 +76,12 @@ class AbroadStatusBar : public ::testing::Test {
  protected:
   void SetUp() override { bar.Create(form.Handle(), false); }
 
-  std::wstring Text(int panel) const {
+  std::wstring Text(StatusPanel panel) const {
     wchar_t text[256] = {};
     SendMessageW(bar.Handle(), SB_GETTEXTW, static_cast<WPARAM>(panel), reinterpret_cast<LPARAM>(text));
     return text;
   }
-  int Room(int panel) const {
+  int Room(StatusPanel panel) const {
     RECT place{};
     int borders[3] = {};
     SendMessageW(bar.Handle(), SB_GETRECT, static_cast<WPARAM>(panel), reinterpret_cast<LPARAM>(&place));
@@ -104,9 +104,9 @@ class AbroadStatusBar : public ::testing::Test {
 };
 
 TEST_F(AbroadStatusBar, ReadsWhatItWasTold) {
-  bar.SetText(kCzech, 2, 0);
-  EXPECT_EQ(Text(2), kCzech);
-  EXPECT_NE(Text(1).find(formats.Date(clock.Now(), L"dddd")), std::wstring::npos);
+  bar.SetText(kCzech, kMessagePanel, 0);
+  EXPECT_EQ(Text(kMessagePanel), kCzech);
+  EXPECT_NE(Text(kDatePanel).find(formats.Date(clock.Now(), L"dddd")), std::wstring::npos);
 }
 
 TEST_F(AbroadStatusBar, TheDateFitsOnAnyDay) {
@@ -114,9 +114,9 @@ TEST_F(AbroadStatusBar, TheDateFitsOnAnyDay) {
     bar.DpiChanged(dpi);
     for (std::uint16_t day = 20; day < 27; ++day) {
       const std::wstring date = formats.Date({2026, 12, day, 0, 0, 0}, L"dddd, d.m.yyyy");
-      EXPECT_GE(Room(1), Width(date)) << InWindows1250(date) << " at " << dpi;
+      EXPECT_GE(Room(kDatePanel), Width(date)) << InWindows1250(date) << " at " << dpi;
     }
-    EXPECT_GE(Room(0), Width(L"20:58")) << dpi;
+    EXPECT_GE(Room(kClockPanel), Width(L"20:58")) << dpi;
   }
 }
 

@@ -15,24 +15,24 @@ class StandingClock : public Clock {
 };
 
 struct Row {
-  const wchar_t* icon;
+  StatusIcon icon;
   const wchar_t* text;
   std::int32_t flags;
 };
 
 constexpr Row kRows[] = {
-    {L"APLIKACE", L"Vyhledá obce odpovídající zadanému textu.", 0},
-    {L"NAJDI", L"Najde v databázi požadované informace.", 0},
-    {L"NAPOVEDA", L"Nápověda na ovládání programu.", 0},
-    {L"MEIL", L"Vaše přání nebo připomínky.", 0},
-    {L"POCITAC", L"Systémové informace Vašeho počítače.", 0},
-    {L"INTERNET", L"Stránky programu.", 0},
-    {L"NASTAVENI", L"Uživatelské nastavení.", 0},
-    {L"NACITANI", L"Načítání databáze obcí ze souboru.", 0},
-    {L"SEZNAM", L"Vytváření uživatelského seznamu.", 0},
-    {L"STAZENI", L"Bylo zahájeno stažení souboru nápovědy.", 512},
-    {L"PAMET", L"Strpení prosím, uvolňuji paměť.", 512},
-    {L"", L"", 256},
+    {StatusIcon::Program, L"Vyhledá obce odpovídající zadanému textu.", 0},
+    {StatusIcon::Search, L"Najde v databázi požadované informace.", 0},
+    {StatusIcon::Help, L"Nápověda na ovládání programu.", 0},
+    {StatusIcon::Mail, L"Vaše přání nebo připomínky.", 0},
+    {StatusIcon::Computer, L"Systémové informace Vašeho počítače.", 0},
+    {StatusIcon::Internet, L"Stránky programu.", 0},
+    {StatusIcon::Settings, L"Uživatelské nastavení.", 0},
+    {StatusIcon::Loading, L"Načítání databáze obcí ze souboru.", 0},
+    {StatusIcon::List, L"Vytváření uživatelského seznamu.", 0},
+    {StatusIcon::Download, L"Bylo zahájeno stažení souboru nápovědy.", 512},
+    {StatusIcon::Memory, L"Strpení prosím, uvolňuji paměť.", 512},
+    {StatusIcon::None, L"", 256},
 };
 
 bool DrawSheet(const wchar_t* path) {
@@ -54,8 +54,8 @@ bool DrawSheet(const wchar_t* path) {
     bar.DpiChanged(static_cast<unsigned>(dpi));
     int top = 0;
     for (const Row& row : kRows) {
-      bar.SetIcon(2, -1, row.icon);
-      bar.SetText(row.text, 2, row.flags);
+      bar.SetIcon(kMessagePanel, -1, row.icon);
+      bar.SetText(row.text, kMessagePanel, row.flags);
       sheet.Draw(bar.Handle(), left, top);
       top += rowHeight;
     }

@@ -7,27 +7,27 @@
 #include <string>
 #include <vector>
 
+#include "mainwindow/statusbar.h"
+
 namespace kvez::test {
 
-/// What the status bar of a window of this process shows.
+/// What the message panel of a window's status bar shows, in this process.
 class StatusBarView {
  public:
   explicit StatusBarView(HWND parent) : m_bar(FindWindowExW(parent, nullptr, L"msctls_statusbar32", nullptr)) {}
 
-  std::wstring Text(int panel = 2) const {
-    std::wstring text(LOWORD(SendMessageW(m_bar, SB_GETTEXTLENGTHW, static_cast<WPARAM>(panel), 0)), L'\0');
-    SendMessageW(m_bar, SB_GETTEXTW, static_cast<WPARAM>(panel), reinterpret_cast<LPARAM>(text.data()));
+  std::wstring Text() const {
+    std::wstring text(LOWORD(SendMessageW(m_bar, SB_GETTEXTLENGTHW, kMessagePanel, 0)), L'\0');
+    SendMessageW(m_bar, SB_GETTEXTW, kMessagePanel, reinterpret_cast<LPARAM>(text.data()));
     return text;
   }
-  int Flags(int panel = 2) const {
-    return HIWORD(SendMessageW(m_bar, SB_GETTEXTLENGTHW, static_cast<WPARAM>(panel), 0));
-  }
-  bool HasIcon(int panel = 2) const { return Icon(panel) != nullptr; }
-  /// True when the panel shows the icon resource of that name: pixel by pixel, since the bar shows a copy.
-  bool ShowsIcon(const wchar_t* name, int panel = 2) const {
+  int Flags() const { return HIWORD(SendMessageW(m_bar, SB_GETTEXTLENGTHW, kMessagePanel, 0)); }
+  bool HasIcon() const { return Icon() != nullptr; }
+  /// True when it shows the icon resource of that name: pixel by pixel, since the bar shows a copy.
+  bool ShowsIcon(const wchar_t* name) const {
     const HICON expected =
         static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, kSize, kSize, LR_DEFAULTCOLOR));
-    const bool same = expected != nullptr && HasIcon(panel) && Picture(Icon(panel)) == Picture(expected);
+    const bool same = expected != nullptr && HasIcon() && Picture(Icon()) == Picture(expected);
     DestroyIcon(expected);
     return same;
   }
@@ -35,9 +35,7 @@ class StatusBarView {
  private:
   static constexpr int kSize = 16;
 
-  HICON Icon(int panel) const {
-    return reinterpret_cast<HICON>(SendMessageW(m_bar, SB_GETICON, static_cast<WPARAM>(panel), 0));
-  }
+  HICON Icon() const { return reinterpret_cast<HICON>(SendMessageW(m_bar, SB_GETICON, kMessagePanel, 0)); }
 
   static std::vector<unsigned> Picture(HICON icon) {
     BITMAPINFO description{};

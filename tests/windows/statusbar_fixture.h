@@ -75,17 +75,17 @@ using test::PumpUntil;
 
 class StatusBarTest : public ::testing::Test {
  protected:
-  std::wstring Text(int panel) const {
+  std::wstring Text(StatusPanel panel) const {
     const auto index = static_cast<WPARAM>(panel);
     const auto length = LOWORD(SendMessageW(bar.Handle(), SB_GETTEXTLENGTHW, index, 0));
     std::wstring text(length, L'\0');
     SendMessageW(bar.Handle(), SB_GETTEXTW, index, reinterpret_cast<LPARAM>(text.data()));
     return text;
   }
-  int Flags(int panel) const {
+  int Flags(StatusPanel panel) const {
     return HIWORD(SendMessageW(bar.Handle(), SB_GETTEXTLENGTHW, static_cast<WPARAM>(panel), 0));
   }
-  HICON Icon(int panel) const {
+  HICON Icon(StatusPanel panel) const {
     return reinterpret_cast<HICON>(SendMessageW(bar.Handle(), SB_GETICON, static_cast<WPARAM>(panel), 0));
   }
   std::vector<int> RightEdges() const {

@@ -15,106 +15,106 @@ TEST_F(StatusBarTest, ExplainsEveryMenuEntry) {
   };
   for (const auto& [command, text] : entries) {
     HighlightEntry(command, command >= 7 ? MF_GRAYED | MF_DISABLED : 0U);
-    EXPECT_EQ(Text(2), text);
+    EXPECT_EQ(Text(kMessagePanel), text);
   }
   HighlightEntry(SC_CLOSE, MF_SYSMENU);
-  EXPECT_EQ(Text(2), L"Ukončení programu");
+  EXPECT_EQ(Text(kMessagePanel), L"Ukončení programu");
 }
 
 TEST_F(StatusBarTest, ClosingTheMenuPutsBackTextFlagsAndIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"APLIKACE");
-  bar.SetText(L"Poslední aktualizace databáze byla provedena 16.listopad 2026.", 2, 512);
-  const HICON icon = Icon(2);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Program);
+  bar.SetText(L"Poslední aktualizace databáze byla provedena 16.listopad 2026.", kMessagePanel, 512);
+  const HICON icon = Icon(kMessagePanel);
   HighlightEntry(1);
-  EXPECT_EQ(Text(2), L"Vytiskne seznam vybraných obcí.");
-  EXPECT_EQ(Flags(2), 0);
-  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Text(kMessagePanel), L"Vytiskne seznam vybraných obcí.");
+  EXPECT_EQ(Flags(kMessagePanel), 0);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
   HighlightEntry(2);
   CloseMenu();
-  EXPECT_EQ(Text(2), L"Poslední aktualizace databáze byla provedena 16.listopad 2026.");
-  EXPECT_EQ(Flags(2), 512);
-  EXPECT_EQ(Icon(2), icon);
+  EXPECT_EQ(Text(kMessagePanel), L"Poslední aktualizace databáze byla provedena 16.listopad 2026.");
+  EXPECT_EQ(Flags(kMessagePanel), 512);
+  EXPECT_EQ(Icon(kMessagePanel), icon);
 }
 
 TEST_F(StatusBarTest, ClosingTheMenuPutsBackAnEmptyPanel) {
   bar.Create(window.Handle(), false);
-  bar.SetText(L"", 2, 256);
+  bar.SetText(L"", kMessagePanel, 256);
   HighlightEntry(4);
   CloseMenu();
-  EXPECT_EQ(Text(2), L"");
-  EXPECT_EQ(Flags(2), 256);
-  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Text(kMessagePanel), L"");
+  EXPECT_EQ(Flags(kMessagePanel), 256);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
 }
 
 TEST_F(StatusBarTest, EntriesWithoutExplanationShowTheMessage) {
   bar.Create(window.Handle(), false);
-  bar.SetText(L"Zpráva", 2, 0);
+  bar.SetText(L"Zpráva", kMessagePanel, 0);
   HighlightEntry(1);
   HighlightEntry(3, MF_SEPARATOR);
-  EXPECT_EQ(Text(2), L"Zpráva");
+  EXPECT_EQ(Text(kMessagePanel), L"Zpráva");
   HighlightEntry(1);
   HighlightEntry(99);
-  EXPECT_EQ(Text(2), L"Zpráva");
+  EXPECT_EQ(Text(kMessagePanel), L"Zpráva");
   // The number is the place of a submenu here, not a command.
   HighlightEntry(1, MF_POPUP);
-  EXPECT_EQ(Text(2), L"Zpráva");
+  EXPECT_EQ(Text(kMessagePanel), L"Zpráva");
 }
 
 TEST_F(StatusBarTest, ClosingAMenuThatWasNotExplainedLeavesTheMessage) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetText(L"Zpráva", 2, 512);
-  const HICON icon = Icon(2);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetText(L"Zpráva", kMessagePanel, 512);
+  const HICON icon = Icon(kMessagePanel);
   CloseMenu();
-  EXPECT_EQ(Text(2), L"Zpráva");
-  EXPECT_EQ(Flags(2), 512);
-  EXPECT_EQ(Icon(2), icon);
+  EXPECT_EQ(Text(kMessagePanel), L"Zpráva");
+  EXPECT_EQ(Flags(kMessagePanel), 512);
+  EXPECT_EQ(Icon(kMessagePanel), icon);
 }
 
 TEST_F(StatusBarTest, MessageOfTheMeantimeAppearsWhenTheMenuCloses) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetText(L"Stará zpráva", 2, 512);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetText(L"Stará zpráva", kMessagePanel, 512);
   HighlightEntry(1);
-  bar.SetIcon(2, -1, L"MEIL");
-  bar.SetText(L"Nová zpráva", 2, 256);
-  EXPECT_EQ(Text(2), L"Vytiskne seznam vybraných obcí.");
-  EXPECT_EQ(Icon(2), nullptr);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
+  bar.SetText(L"Nová zpráva", kMessagePanel, 256);
+  EXPECT_EQ(Text(kMessagePanel), L"Vytiskne seznam vybraných obcí.");
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
   CloseMenu();
-  EXPECT_EQ(Text(2), L"Nová zpráva");
-  EXPECT_EQ(Flags(2), 256);
-  EXPECT_NE(Icon(2), nullptr);
+  EXPECT_EQ(Text(kMessagePanel), L"Nová zpráva");
+  EXPECT_EQ(Flags(kMessagePanel), 256);
+  EXPECT_NE(Icon(kMessagePanel), nullptr);
 }
 
 TEST_F(StatusBarTest, MessageEmptiedInTheMeantimeStaysEmpty) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetText(L"Stará zpráva", 2, 0);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetText(L"Stará zpráva", kMessagePanel, 0);
   HighlightEntry(1);
-  bar.SetText(L"", 2, 256);
-  EXPECT_EQ(Text(2), L"Vytiskne seznam vybraných obcí.");
+  bar.SetText(L"", kMessagePanel, 256);
+  EXPECT_EQ(Text(kMessagePanel), L"Vytiskne seznam vybraných obcí.");
   CloseMenu();
-  EXPECT_EQ(Text(2), L"");
-  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Text(kMessagePanel), L"");
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
 }
 
 TEST_F(StatusBarTest, ClockGoesOnWhileAMenuIsExplained) {
   bar.Create(window.Handle(), false);
   HighlightEntry(1);
   clock.now = {2026, 11, 16, 10, 0, 0};
-  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L"10:00"; }));
-  EXPECT_EQ(Text(2), L"Vytiskne seznam vybraných obcí.");
+  EXPECT_TRUE(PumpUntil([&] { return Text(kClockPanel) == L"10:00"; }));
+  EXPECT_EQ(Text(kMessagePanel), L"Vytiskne seznam vybraných obcí.");
 }
 
 TEST_F(StatusBarTest, RescalingWhileAMenuIsExplainedKeepsTheMessagesIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
   HighlightEntry(1);
   bar.DpiChanged(144);
-  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
   CloseMenu();
-  EXPECT_EQ(IconSize(Icon(2)).cx, 24);
+  EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 24);
 }
 
 TEST_F(StatusBarTest, MenuAfterDestroyIsHarmless) {
@@ -123,14 +123,14 @@ TEST_F(StatusBarTest, MenuAfterDestroyIsHarmless) {
   bar.Destroy();
   CloseMenu();
   bar.Create(window.Handle(), false);
-  EXPECT_EQ(Text(2), L"");
+  EXPECT_EQ(Text(kMessagePanel), L"");
 }
 
 // A real menu, its keys pressed by a timer that runs inside the menu's own message loop.
 TEST_F(StatusBarTest, RealMenuIsExplainedWhileItIsOpen) {
   ShowWindow(window.Handle(), SW_SHOW);
   bar.Create(window.Handle(), false);
-  bar.SetText(L"Zpráva", 2, 0);
+  bar.SetText(L"Zpráva", kMessagePanel, 0);
   const OwnedMenu popup(CreatePopupMenu());
   AppendMenuW(popup.Get(), MF_STRING, 1, L"Tisk");
   AppendMenuW(popup.Get(), MF_STRING, 2, L"Export");
@@ -143,7 +143,7 @@ TEST_F(StatusBarTest, RealMenuIsExplainedWhileItIsOpen) {
   seen.clear();
   ticks = 0;
   owner = window.Handle();
-  read = [this] { return Text(2); };
+  read = [this] { return Text(kMessagePanel); };
   const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
     if (!IsWindowVisible(FindWindowW(L"#32768", nullptr))) return;
     const std::wstring text = read();
@@ -160,7 +160,7 @@ TEST_F(StatusBarTest, RealMenuIsExplainedWhileItIsOpen) {
   EXPECT_EQ(seen, (std::vector<std::wstring>{L"Zpráva", L"Vytiskne seznam vybraných obcí.",
                                              L"Uloží seznam vybraných obcí do textového souboru.",
                                              L"Adresář není k dispozici."}));
-  EXPECT_EQ(Text(2), L"Zpráva");
+  EXPECT_EQ(Text(kMessagePanel), L"Zpráva");
 }
 
 }  // namespace

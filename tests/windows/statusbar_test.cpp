@@ -1,5 +1,7 @@
 #include "mainwindow/statusbar.h"
 
+#include <type_traits>
+
 #include "forms/dpi.h"
 #include "mainwindow/statusbar_font.h"
 #include "tests/support/handle_count.h"
@@ -126,18 +128,18 @@ TEST(StatusBarFontTest, AWideFontWidensBothPanelsOfTheClock) {
 
 TEST_F(StatusBarTest, ClockIsWrittenAtOnce) {
   bar.Create(window.Handle(), false);
-  EXPECT_EQ(Text(0), L" 9:05");
-  EXPECT_EQ(Text(1), L" pondělí, 16.11.2026");
-  EXPECT_EQ(Text(2), L"");
-  EXPECT_EQ(Flags(0), 0);
-  EXPECT_EQ(Flags(1), 0);
+  EXPECT_EQ(Text(kClockPanel), L" 9:05");
+  EXPECT_EQ(Text(kDatePanel), L" pondělí, 16.11.2026");
+  EXPECT_EQ(Text(kMessagePanel), L"");
+  EXPECT_EQ(Flags(kClockPanel), 0);
+  EXPECT_EQ(Flags(kDatePanel), 0);
 }
 
 TEST_F(StatusBarTest, ClockTicks) {
   bar.Create(window.Handle(), false);
   clock.now = {2027, 1, 1, 0, 0, 0};
-  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 0:00"; }));
-  EXPECT_EQ(Text(1), L"   pátek, 1.1.2027");
+  EXPECT_TRUE(PumpUntil([&] { return Text(kClockPanel) == L" 0:00"; }));
+  EXPECT_EQ(Text(kDatePanel), L"   pátek, 1.1.2027");
 }
 
 TEST_F(StatusBarTest, ClockGoesOnAfterAnError) {
@@ -146,7 +148,7 @@ TEST_F(StatusBarTest, ClockGoesOnAfterAnError) {
   clock.now = {2026, 11, 16, 9, 6, 0};
   EXPECT_TRUE(PumpUntil([&] { return clock.failures > 0; }));
   clock.fails = false;
-  EXPECT_TRUE(PumpUntil([&] { return Text(0) == L" 9:06"; }));
+  EXPECT_TRUE(PumpUntil([&] { return Text(kClockPanel) == L" 9:06"; }));
 }
 
 TEST_F(StatusBarTest, SecondBarReplacesTheFirst) {
@@ -159,146 +161,147 @@ TEST_F(StatusBarTest, SecondBarReplacesTheFirst) {
 
 TEST_F(StatusBarTest, SetTextWritesCzechTextWithItsFlags) {
   bar.Create(window.Handle(), false);
-  bar.SetText(L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“", 2, 0);
-  EXPECT_EQ(Text(2), L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“");
-  EXPECT_EQ(Flags(2), 0);
-  bar.SetText(L"Bez okraje", 2, 256);
-  EXPECT_EQ(Text(2), L"Bez okraje");
-  EXPECT_EQ(Flags(2), SBT_NOBORDERS);
-  bar.SetText(L"Vystouplý", 2, 512);
-  EXPECT_EQ(Text(2), L"Vystouplý");
-  EXPECT_EQ(Flags(2), SBT_POPOUT);
+  bar.SetText(L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“", kMessagePanel, 0);
+  EXPECT_EQ(Text(kMessagePanel), L"Příliš žluťoučký kůň úpěl ďábelské ódy – „ÄÖÜ“");
+  EXPECT_EQ(Flags(kMessagePanel), 0);
+  bar.SetText(L"Bez okraje", kMessagePanel, 256);
+  EXPECT_EQ(Text(kMessagePanel), L"Bez okraje");
+  EXPECT_EQ(Flags(kMessagePanel), SBT_NOBORDERS);
+  bar.SetText(L"Vystouplý", kMessagePanel, 512);
+  EXPECT_EQ(Text(kMessagePanel), L"Vystouplý");
+  EXPECT_EQ(Flags(kMessagePanel), SBT_POPOUT);
 }
 
 TEST_F(StatusBarTest, SetTextKeepsWhatTheSystemCodePageLacks) {
   bar.Create(window.Handle(), false);
-  bar.SetText(L"語", 2, 0);
-  EXPECT_EQ(Text(2), L"語");
+  bar.SetText(L"語", kMessagePanel, 0);
+  EXPECT_EQ(Text(kMessagePanel), L"語");
 }
 
 TEST_F(StatusBarTest, LongTextsStayWhole) {
   bar.Create(window.Handle(), false);
   const std::wstring text(1000, L'ž');
-  bar.SetText(text, 2, 0);
-  EXPECT_EQ(Text(2), text);
+  bar.SetText(text, kMessagePanel, 0);
+  EXPECT_EQ(Text(kMessagePanel), text);
 }
 
 TEST_F(StatusBarTest, EveryIconComesInItsOwnSize) {
   bar.Create(window.Handle(), false);
   bar.DpiChanged(96);
-  for (const wchar_t* name : {L"APLIKACE", L"NAJDI", L"NAPOVEDA", L"MEIL", L"POCITAC", L"INTERNET", L"NASTAVENI",
-                              L"NACITANI", L"SEZNAM", L"STAZENI", L"PAMET"}) {
-    bar.SetIcon(2, -1, name);
-    ASSERT_NE(Icon(2), nullptr) << name;
-    EXPECT_EQ(IconSize(Icon(2)).cx, 16) << name;
-    EXPECT_EQ(IconSize(Icon(2)).cy, 16) << name;
+  const std::pair<StatusIcon, const wchar_t*> icons[] = {
+      {StatusIcon::Program, L"APLIKACE"},   {StatusIcon::Search, L"NAJDI"},     {StatusIcon::Help, L"NAPOVEDA"},
+      {StatusIcon::Mail, L"MEIL"},          {StatusIcon::Computer, L"POCITAC"}, {StatusIcon::Internet, L"INTERNET"},
+      {StatusIcon::Settings, L"NASTAVENI"}, {StatusIcon::Loading, L"NACITANI"}, {StatusIcon::List, L"SEZNAM"},
+      {StatusIcon::Download, L"STAZENI"},   {StatusIcon::Memory, L"PAMET"}};
+  for (const auto& [icon, name] : icons) {
+    bar.SetIcon(kMessagePanel, -1, icon);
+    ASSERT_NE(Icon(kMessagePanel), nullptr) << name;
+    EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 16) << name;
+    EXPECT_EQ(IconSize(Icon(kMessagePanel)).cy, 16) << name;
     // The drawing made for 16 pixels, not a shrunk larger one.
     const OwnedIcon small(
         static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR)));
-    EXPECT_EQ(IconPixels(Icon(2)), IconPixels(small.Get())) << name;
+    EXPECT_EQ(IconPixels(Icon(kMessagePanel)), IconPixels(small.Get())) << name;
   }
 }
 
 TEST_F(StatusBarTest, IconsDiffer) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  const auto first = IconPixels(Icon(2));
-  bar.SetIcon(2, -1, L"MEIL");
-  EXPECT_NE(IconPixels(Icon(2)), first);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  const auto first = IconPixels(Icon(kMessagePanel));
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
+  EXPECT_NE(IconPixels(Icon(kMessagePanel)), first);
 }
 
 TEST_F(StatusBarTest, TheSameIconIsNotLoadedAgain) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  const HICON first = Icon(2);
-  bar.SetIcon(2, -1, L"NAJDI");
-  EXPECT_EQ(Icon(2), first);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  const HICON first = Icon(kMessagePanel);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  EXPECT_EQ(Icon(kMessagePanel), first);
   // The form tells its resolution at every change of its size.
   bar.DpiChanged(forms::WindowDpi(window.Handle()));
-  EXPECT_EQ(Icon(2), first);
+  EXPECT_EQ(Icon(kMessagePanel), first);
 }
 
 TEST_F(StatusBarTest, IconsScaleWithTheResolution) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
   bar.DpiChanged(144);
-  EXPECT_EQ(IconSize(Icon(2)).cx, 24);
-  bar.SetIcon(2, -1, L"MEIL");
-  EXPECT_EQ(IconSize(Icon(2)).cx, 24);
+  EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 24);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
+  EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 24);
   bar.DpiChanged(192);
-  EXPECT_EQ(IconSize(Icon(2)).cx, 32);
+  EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 32);
   bar.DpiChanged(96);
-  EXPECT_EQ(IconSize(Icon(2)).cx, 16);
+  EXPECT_EQ(IconSize(Icon(kMessagePanel)).cx, 16);
 }
 
 TEST_F(StatusBarTest, OtherModesRemoveTheIcon) {
   bar.Create(window.Handle(), false);
   for (const std::int16_t mode : std::initializer_list<std::int16_t>{0, 1, 2, -2}) {
-    bar.SetIcon(2, -1, L"NAJDI");
-    ASSERT_NE(Icon(2), nullptr);
-    bar.SetIcon(2, mode, L"NAJDI");
-    EXPECT_EQ(Icon(2), nullptr) << mode;
+    bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+    ASSERT_NE(Icon(kMessagePanel), nullptr);
+    bar.SetIcon(kMessagePanel, mode, StatusIcon::Search);
+    EXPECT_EQ(Icon(kMessagePanel), nullptr) << mode;
   }
 }
 
-TEST_F(StatusBarTest, UnknownIconIsNoIcon) {
+// A name that no icon has, or a number that no panel has, does not compile.
+static_assert(!std::is_constructible_v<StatusIcon, const wchar_t*> && !std::is_aggregate_v<StatusIcon>);
+static_assert(!std::is_convertible_v<int, StatusPanel>);
+
+TEST_F(StatusBarTest, NoneIsNoIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetIcon(2, -1, L"NENI");
-  EXPECT_EQ(Icon(2), nullptr);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::None);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
 }
 
 TEST_F(StatusBarTest, OtherPanelsMayHaveIconsToo) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(0, -1, L"NAJDI");
-  EXPECT_NE(Icon(0), nullptr);
-  EXPECT_EQ(Icon(2), nullptr);
-}
-
-TEST_F(StatusBarTest, PanelsThatDoNotExistGetNoIcon) {
-  bar.Create(window.Handle(), false);
-  bar.SetIcon(-1, -1, L"NAJDI");
-  bar.SetIcon(3, -1, L"NAJDI");
-  for (int panel = 0; panel < 3; ++panel) EXPECT_EQ(Icon(panel), nullptr) << panel;
+  bar.SetIcon(kClockPanel, -1, StatusIcon::Search);
+  EXPECT_NE(Icon(kClockPanel), nullptr);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
 }
 
 TEST_F(StatusBarTest, EmptyTextRemovesTheMessagesIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetText(L"Najde", 2, 0);
-  EXPECT_NE(Icon(2), nullptr);
-  bar.SetText(L"", 2, 256);
-  EXPECT_EQ(Text(2), L"");
-  EXPECT_EQ(Icon(2), nullptr);
-  EXPECT_EQ(Flags(2), SBT_NOBORDERS);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetText(L"Najde", kMessagePanel, 0);
+  EXPECT_NE(Icon(kMessagePanel), nullptr);
+  bar.SetText(L"", kMessagePanel, 256);
+  EXPECT_EQ(Text(kMessagePanel), L"");
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
+  EXPECT_EQ(Flags(kMessagePanel), SBT_NOBORDERS);
 }
 
 TEST_F(StatusBarTest, EmptyTextInAnyPanelMeansTheMessagesIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(0, -1, L"NAJDI");
-  bar.SetIcon(2, -1, L"NAJDI");
-  bar.SetText(L"", 0, 0);
-  EXPECT_EQ(Icon(2), nullptr);
-  EXPECT_NE(Icon(0), nullptr);
+  bar.SetIcon(kClockPanel, -1, StatusIcon::Search);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  bar.SetText(L"", kClockPanel, 0);
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
+  EXPECT_NE(Icon(kClockPanel), nullptr);
 }
 
 TEST_F(StatusBarTest, TextKeepsTheIcon) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
-  const HICON icon = Icon(2);
-  bar.SetText(L"Jiný text", 2, 0);
-  EXPECT_EQ(Icon(2), icon);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
+  const HICON icon = Icon(kMessagePanel);
+  bar.SetText(L"Jiný text", kMessagePanel, 0);
+  EXPECT_EQ(Icon(kMessagePanel), icon);
 }
 
 TEST_F(StatusBarTest, TenThousandIconsLeaveNoHandle) {
   bar.Create(window.Handle(), false);
-  const wchar_t* names[] = {L"APLIKACE", L"NAJDI", L"MEIL", L"PAMET"};
+  const StatusIcon icons[] = {StatusIcon::Program, StatusIcon::Search, StatusIcon::Mail, StatusIcon::Memory};
   const auto set = [&](int times) {
     for (int i = 0; i < times; ++i) {
-      bar.SetIcon(2, -1, names[i % 4]);
-      if (i % 10 == 0) bar.SetText(i % 20 == 0 ? L"" : L"Text", 2, 0);
+      bar.SetIcon(kMessagePanel, -1, icons[i % 4]);
+      if (i % 10 == 0) bar.SetText(i % 20 == 0 ? L"" : L"Text", kMessagePanel, 0);
     }
-    bar.SetIcon(2, -1, names[0]);
+    bar.SetIcon(kMessagePanel, -1, icons[0]);
   };
   set(100);
   const HandleCount before = CountHandles();
@@ -310,7 +313,7 @@ TEST_F(StatusBarTest, ManyBarsLeaveNoHandle) {
   const auto repeat = [&](int times) {
     for (int i = 0; i < times; ++i) {
       bar.Create(window.Handle(), i % 2 == 0);
-      bar.SetIcon(2, -1, L"MEIL");
+      bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
       bar.DpiChanged(144);
       bar.Destroy();
     }
@@ -382,12 +385,12 @@ TEST_F(StatusBarTest, DestroyBeforeCreateIsHarmless) {
 
 TEST_F(StatusBarTest, OutlivesItsWindow) {
   bar.Create(window.Handle(), false);
-  bar.SetIcon(2, -1, L"NAJDI");
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Search);
   window.Destroy();
   EXPECT_EQ(bar.Handle(), nullptr);
-  bar.SetText(L"Nikdo nečte", 2, 0);
-  bar.SetText(L"", 2, 0);
-  bar.SetIcon(2, -1, L"MEIL");
+  bar.SetText(L"Nikdo nečte", kMessagePanel, 0);
+  bar.SetText(L"", kMessagePanel, 0);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
   bar.ParentResized();
   bar.DpiChanged(144);
   bar.Destroy();
@@ -397,12 +400,12 @@ TEST_F(StatusBarTest, OutlivesItsWindow) {
 TEST_F(StatusBarTest, SetTextAfterDestroyDoesNothing) {
   bar.Create(window.Handle(), false);
   bar.Destroy();
-  bar.SetText(L"Nikdo nečte", 2, 0);
-  bar.SetIcon(2, -1, L"MEIL");
+  bar.SetText(L"Nikdo nečte", kMessagePanel, 0);
+  bar.SetIcon(kMessagePanel, -1, StatusIcon::Mail);
   EXPECT_EQ(bar.Handle(), nullptr);
   bar.Create(window.Handle(), false);
-  EXPECT_EQ(Text(2), L"");
-  EXPECT_EQ(Icon(2), nullptr);
+  EXPECT_EQ(Text(kMessagePanel), L"");
+  EXPECT_EQ(Icon(kMessagePanel), nullptr);
 }
 
 }  // namespace
