@@ -219,15 +219,6 @@ TEST_F(Keys, EnterHeldOnKonecDoesNotAnswerItsQuestion) {
   EXPECT_FALSE(program->HasEnded());
 }
 
-TEST_F(Keys, ControlASelectsEverythingInPscMode) {
-  program->Focus(kText);
-  PressKey('P', true);
-  TypeText(L"692 01");
-  PressKey('A', true);
-  TypeText(L"11");
-  EXPECT_TRUE(WaitText(kText, L"11"));
-}
-
 TEST_F(Keys, AfterASearchTypingReplacesTheText) {
   SearchFor(L"lednice");
   TypeText(L"mikulov");

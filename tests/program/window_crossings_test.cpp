@@ -40,30 +40,6 @@ class WindowCrossings : public KeyboardPath {
   }
 };
 
-TEST_F(WindowCrossings, ShiftAndTheModeKeysInTheMenuOverAHoveredListChangeNothing) {
-  SaveSetting(L"nastavení0", L"1");
-  SearchFor(L"lhota");
-  HoverRow(kResult, 3);
-  ASSERT_TRUE(WaitUntil([&] { return program->ListIndex(kResult) == 3; }));
-  const std::wstring shown = program->Text(kText);
-  ASSERT_TRUE(OpenListMenu(*program));
-  const int chosen = program->ListIndex(kResult);
-  PressKey(VK_SHIFT);
-  PressKey('P', true);
-  // Over rows of both lists, behind the menu.
-  MovePointer(Row(kAll, 2));
-  MovePointer(Row(kAll, 5));
-  ASSERT_TRUE(LeaveMenus());
-  EXPECT_EQ(program->ListIndex(kResult), chosen);
-  EXPECT_EQ(program->ListIndex(kAll), -1);
-  EXPECT_FALSE(program->IsChecked(kOptMPSC));
-  EXPECT_EQ(program->Text(kLightBlue), L"");
-  EXPECT_TRUE(program->Text(kText) == shown || chosen != 3);
-  // The pointer's next movement is its own again.
-  MovePointer(Row(kAll, 6));
-  EXPECT_TRUE(WaitUntil([&] { return program->ListIndex(kAll) == 6; }));
-}
-
 TEST_F(WindowCrossings, AFiveSecondTextThatAboutTookAwayTakesNothingAfterwards) {
   program.reset();
   ASSERT_TRUE(ReplaceDownloadBase(Exe(), L"http://127.0.0.1:9/"));

@@ -44,6 +44,7 @@ TEST(TextBoxTest, MaxLengthLimitsTypingOnly) {
   EXPECT_EQ(box.MaxLength(), 0);
 }
 
+// By its character: some systems' text boxes answer to the key, ours to what comes of it.
 TEST(TextBoxTest, CtrlASelectsAll) {
   TestForm form;
   TextBox box;
@@ -51,7 +52,7 @@ TEST(TextBoxTest, CtrlASelectsAll) {
   ASSERT_TRUE(test::ShowActive(form));
   box.SetText(L"abc");
   SendMessageW(box.Handle(), EM_SETSEL, 0, 0);
-  test::TypeWith(VK_CONTROL, 'A');
+  SendMessageW(box.Handle(), WM_CHAR, 1, 1);
   EXPECT_EQ(LOWORD(SendMessageW(box.Handle(), EM_GETSEL, 0, 0)), 0);
   EXPECT_EQ(HIWORD(SendMessageW(box.Handle(), EM_GETSEL, 0, 0)), 3);
 }

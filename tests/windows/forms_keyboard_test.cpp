@@ -294,5 +294,15 @@ TEST_F(FormKeyboard, FocusComesBackWithTheForm) {
   EXPECT_EQ(Take(), Log{});
 }
 
+// As messages, in the order in which some systems send them: the activation comes to what still is an icon.
+TEST_F(FormKeyboard, FocusComesBackWhenTheFormIsNoIconAnyMore) {
+  second.SetFocus();
+  SendMessageW(form.Handle(), WM_SIZE, SIZE_MINIMIZED, 0);
+  ::SetFocus(nullptr);
+  ASSERT_FALSE(second.HasKeyboardFocus());
+  SendMessageW(form.Handle(), WM_SIZE, SIZE_RESTORED, 0);
+  EXPECT_TRUE(second.HasKeyboardFocus());
+}
+
 }  // namespace
 }  // namespace kvez::forms

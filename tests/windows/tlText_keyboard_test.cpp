@@ -130,6 +130,20 @@ TEST_F(TlTextKeyboard, EnterRunsTheFocusedButton) {
   EXPECT_EQ(button.TakeEvents(), Events{"Click"});
 }
 
+// As messages: nobody knows when the keyboard of a virtual display repeats.
+TEST_F(TlTextKeyboard, HeldEnterRunsTheFocusedButtonOnce) {
+  button.SetFocus();
+  MSG message{};
+  message.hwnd = button.Handle();
+  message.message = WM_KEYDOWN;
+  message.wParam = VK_RETURN;
+  for (const LPARAM held : {0, 1 << 30, 1 << 30}) {
+    message.lParam = held | 1;
+    EXPECT_TRUE(form.TranslateKey(message));
+  }
+  EXPECT_EQ(button.TakeEvents(), Events{"Click"});
+}
+
 TEST_F(TlTextKeyboard, EnterRunsTheDefaultButton) {
   test::Type(VK_RETURN);
   EXPECT_EQ(button.TakeEvents(), Events{});
