@@ -117,7 +117,8 @@ class RealPrinterPlanted : public UpdateFixture {
     return names;
   }
 
-  /// The folder of the program of that name that was started; it is ended.
+  /// The folder of the program of that name that was started. It ends, or is ended when it has had time to come up: one
+  /// that is ended before its first instruction stays under Wine for ever, and keeps the output of the tests open.
   static std::filesystem::path EndStarted(const wchar_t* name) {
     std::filesystem::path folder;
     EXPECT_TRUE(WaitUntil([&] {
@@ -131,7 +132,7 @@ class RealPrinterPlanted : public UpdateFixture {
         wchar_t path[1024] = {};
         DWORD length = 1024;
         if (QueryFullProcessImageNameW(process, 0, path, &length)) folder = std::filesystem::path(path).parent_path();
-        TerminateProcess(process, 0);
+        if (WaitForSingleObject(process, 3000) == WAIT_TIMEOUT) TerminateProcess(process, 0);
         WaitForSingleObject(process, 10000);
         CloseHandle(process);
       }
