@@ -6,24 +6,11 @@
 #include "controls/button_rules.h"
 #include "controls/tlText.h"
 #include "forms/contrast.h"
+#include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
 
 namespace kvez {
 namespace {
-
-/// A device context of the window, released at the end.
-class WindowContext {
- public:
-  explicit WindowContext(HWND window) : m_window(window), m_context(GetDC(window)) {}
-  WindowContext(const WindowContext&) = delete;
-  WindowContext& operator=(const WindowContext&) = delete;
-  ~WindowContext() { ReleaseDC(m_window, m_context); }
-  HDC Get() const { return m_context; }
-
- private:
-  HWND m_window;
-  HDC m_context;
-};
 
 /// What all buttons are drawn in, one after the other. It is kept, and so is the bitmap in it: making both, and even
 /// selecting the bitmap, takes longer than the drawing.

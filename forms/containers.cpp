@@ -7,6 +7,7 @@
 
 #include "forms/client_area.h"
 #include "forms/form.h"
+#include "platform/windows/owned.h"
 
 namespace kvez::forms {
 void Frame::Create(Container& container, int id, const Place& place, std::wstring_view caption) {
@@ -73,10 +74,8 @@ void PictureBox::FillRectangle(float left, float top, float right, float bottom)
   });
   m_filled.push_back(filled);
   if (Handle() == nullptr || IsRectEmpty(&fresh)) return;
-  const HDC context = GetDC(Handle());
   const OwnedBrush brush(CreateSolidBrush(filled.color));
-  FillRect(context, &fresh, brush.Get());
-  ReleaseDC(Handle(), context);
+  FillRect(WindowContext(Handle()).Get(), &fresh, brush.Get());
   if (m_isProgressBar) NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "platform/windows/owned.h"
+
 namespace kvez::forms {
 namespace {
 
@@ -23,9 +25,7 @@ using MetricsFunction = int(WINAPI*)(int, UINT);
 unsigned SystemDpi() {
   static const auto getDpiForSystem = UserFunction<GetDpiForSystemFunction>("GetDpiForSystem");
   if (getDpiForSystem != nullptr) return getDpiForSystem();
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
+  const int dpi = GetDeviceCaps(WindowContext(nullptr).Get(), LOGPIXELSX);
   return dpi > 0 ? static_cast<unsigned>(dpi) : 96;
 }
 

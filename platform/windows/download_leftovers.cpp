@@ -6,6 +6,7 @@
 
 #include <string_view>
 
+#include "platform/windows/owned.h"
 #include "platform/windows/system_library.h"
 
 namespace kvez {
@@ -28,8 +29,8 @@ bool IsKept(std::wstring_view name, std::wstring_view fileName) {
 
 void RemoveIn(const std::wstring& folder, const std::wstring& fileName, int levels) {
   WIN32_FIND_DATAW entry{};
-  const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-  if (search == INVALID_HANDLE_VALUE) return;
+  const OwnedFileSearch search(FindFirstFileW((folder + L"\\*").c_str(), &entry));
+  if (!search) return;
   do {
     const std::wstring path = folder + L"\\" + entry.cFileName;
     constexpr DWORD kKinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
@@ -37,8 +38,7 @@ void RemoveIn(const std::wstring& folder, const std::wstring& fileName, int leve
     if (kind == 0 && IsKept(entry.cFileName, fileName)) DeleteFileW(path.c_str());
     const bool isInner = kind == FILE_ATTRIBUTE_DIRECTORY && entry.cFileName[0] != L'.';
     if (isInner && levels > 1) RemoveIn(path, fileName, levels - 1);
-  } while (FindNextFileW(search, &entry));
-  FindClose(search);
+  } while (FindNextFileW(search.Get(), &entry));
 }
 
 }  // namespace

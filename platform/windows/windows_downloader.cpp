@@ -77,7 +77,7 @@ std::int32_t WindowsDownloader::Download(const std::wstring& address, const std:
         return Fetch<decltype(URLDownloadToFileW)>("URLDownloadToFileW", from, to);
       })));
   job->AddRef();
-  m_thread = OwnedFile(CreateThread(nullptr, 0, &RunJob, job.get(), 0, nullptr));
+  m_thread = OwnedThread(CreateThread(nullptr, 0, &RunJob, job.get(), 0, nullptr));
   if (!m_thread) {
     job->Release();
     return E_OUTOFMEMORY;

@@ -25,7 +25,7 @@ class WindowsDownloader : public Downloader {
   std::int32_t WaitFor(DownloadJob& job, const DownloadWatch& goesOn) const;
 
   DownloadLimits m_limits;
-  OwnedFile m_thread;  // of the last download
+  OwnedThread m_thread;  // of the last download
 };
 
 }  // namespace kvez

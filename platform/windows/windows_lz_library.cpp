@@ -39,9 +39,7 @@ const SystemLz& Lz() {
 // Refused a name because somebody holds that file, the system's library makes one with "_" at its end instead. It is
 // asked only for a name that can be had, and what it has made nevertheless goes again.
 INT Make(const std::wstring& path, std::string& bytes) {
-  const HANDLE probe = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
-  if (probe == INVALID_HANDLE_VALUE) return HFILE_ERROR;
-  CloseHandle(probe);
+  if (!OwnedFile(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr))) return HFILE_ERROR;
   OFSTRUCT opened{};
   opened.cBytes = sizeof opened;
   const INT handle = Lz().open(bytes.data(), &opened, OF_CREATE | OF_SHARE_EXCLUSIVE);
