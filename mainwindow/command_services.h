@@ -3,8 +3,8 @@
 #include <string>
 
 #include "platform/downloader.h"
+#include "platform/file_operations.h"
 #include "platform/help_viewer.h"
-#include "platform/kept_files.h"
 #include "settings/clszastupce.h"
 
 namespace kvez {
@@ -14,7 +14,7 @@ namespace kvez {
 struct CommandServices {
   Downloader& downloader;
   HelpViewer& help;
-  KeptFiles& kept;
+  FileOperations& files;
   ShortcutPlatform shortcut;
 
   /// Without a trailing separator.

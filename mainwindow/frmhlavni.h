@@ -197,6 +197,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   void tlHAktualizace_Click();
   void tlHNapoveda_Click();
   std::wstring CestaNapovedy() const;
+  bool IsHelp(const std::wstring& path);
   void ShowHelp(const std::wstring& path);
   std::int32_t DownloadWithStatus(const std::wstring& name, const std::wstring& path, std::wstring_view status,
                                   LongWork& work);

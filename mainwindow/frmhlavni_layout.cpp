@@ -76,7 +76,7 @@ frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, C
       m_platform(platform),
       m_services(std::move(services)),
       m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()),
-      m_previous(m_services.kept, m_services.ProgramFolder()) {
+      m_previous(m_services.files, m_services.ProgramFolder()) {
   SetKeyPreview(true);
   // What is created first lies in front.
   CreateMessagePanel();

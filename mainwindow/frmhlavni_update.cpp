@@ -131,12 +131,13 @@ void frmhlavni::tlHNapoveda_Click() {
                              MessageIcon::Exclamation, kApplicationTitle);
     return;
   }
-  if (IsHelpFile(path)) {
+  // Hidden files and such of the system's do not count, on purpose.
+  if (m_services.files.IsNormalFile(path) && IsHelp(path)) {
     ShowHelp(path);
   } else {
     if (!m_platform.messages.Ask(L"Přejete si z internetu stáhnout nápovědu ?", kApplicationTitle)) return;
     ShowIcon(StatusIcon::Download);
-    const bool isNew = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
+    const bool isNew = !m_services.files.Exists(path);
     std::int32_t result = 0;
     {
       const VisibleScope panel(picMPSCPI);
@@ -145,16 +146,21 @@ void frmhlavni::tlHNapoveda_Click() {
       picZpravaI.Cls();
     }
     if (!IsOpen()) return;
-    if (result == 0 && HasHelpContent(path)) {
+    if (result == 0 && IsHelp(path)) {
       ShowHelp(path);
     } else {
       // A page that says something else instead of the help, or a part of it: nobody needs that.
-      if (isNew || result == 0) DeleteFileW(path.c_str());
+      if (isNew || result == 0) m_services.files.Remove(path);
       m_platform.messages.Show(L"Stažení souboru nápovědy nebylo úspěšné.", MessageIcon::Exclamation,
                                kApplicationTitle);
     }
   }
   m_statusBar.SetText(L"", kMessagePanel, SBT_NOBORDERS);
+}
+
+bool frmhlavni::IsHelp(const std::wstring& path) {
+  const auto content = m_platform.files.Read(path);
+  return content && IsWholeHelp(*content);
 }
 
 void frmhlavni::ShowHelp(const std::wstring& path) {

@@ -13,10 +13,10 @@
 #include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_downloader.h"
+#include "platform/windows/windows_file_operations.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_formats.h"
 #include "platform/windows/windows_help_viewer.h"
-#include "platform/windows/windows_kept_files.h"
 #include "platform/windows/windows_lz_library.h"
 #include "platform/windows/windows_message_dialog.h"
 #include "platform/windows/windows_output.h"
@@ -52,7 +52,8 @@ class Module1 {
   Platform CorePlatform() { return {{m_messages, m_settings, m_lz, m_files, m_formats}, m_output.Services()}; }
 
   CommandServices Commands() {
-    return {m_downloader, m_help, m_kept, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
+    return {
+        m_downloader, m_help, m_fileOperations, {m_settings, m_shell, m_automation, ProgramFolder(), ProgramName()}};
   }
 
   // First and so gone last: the objects of others need it.
@@ -65,7 +66,7 @@ class Module1 {
   WindowsClock m_clock;
   WindowsDownloader m_downloader;
   WindowsHelpViewer m_help{[this] { return m_window ? m_window->Handle() : nullptr; }};
-  WindowsKeptFiles m_kept;
+  WindowsFileOperations m_fileOperations;
   WindowsVersionInformation m_version;
   WindowsShell m_shell;
   WindowsOutput m_output;

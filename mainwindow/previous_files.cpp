@@ -16,7 +16,8 @@ std::wstring Kept(const std::wstring& path) { return path + L".old"; }
 
 }  // namespace
 
-PreviousFiles::PreviousFiles(KeptFiles& files, std::wstring folder) : m_files(files), m_folder(std::move(folder)) {}
+PreviousFiles::PreviousFiles(FileOperations& files, std::wstring folder)
+    : m_files(files), m_folder(std::move(folder)) {}
 
 bool PreviousFiles::Keep() {
   if (AreKept()) return true;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/kept_files.h"
+#include "platform/file_operations.h"
 
 namespace kvez {
 
@@ -11,7 +11,7 @@ namespace kvez {
 class PreviousFiles {
  public:
   /// `files` outlives this object; the folder comes without a trailing separator.
-  PreviousFiles(KeptFiles& files, std::wstring folder);
+  PreviousFiles(FileOperations& files, std::wstring folder);
 
   /// Keeps a copy of each file that is there. Copies that are kept already stay: since they were made nothing has been
   /// loaded from the files beside them. False when a copy cannot be made; then none is kept.
@@ -28,7 +28,7 @@ class PreviousFiles {
   void Forget();
 
  private:
-  KeptFiles& m_files;
+  FileOperations& m_files;
   std::wstring m_folder;
 };
 

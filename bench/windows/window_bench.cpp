@@ -20,8 +20,8 @@
 #include "mainwindow/frmhlavni.h"
 #include "platform/windows/windows_automation.h"
 #include "platform/windows/windows_downloader.h"
+#include "platform/windows/windows_file_operations.h"
 #include "platform/windows/windows_help_viewer.h"
-#include "platform/windows/windows_kept_files.h"
 #include "platform/windows/windows_shell.h"
 #include "tests/support/program_driver.h"
 
@@ -140,9 +140,9 @@ void MeasureWindow(const std::wstring& exe, Limits& limits) {
   WindowsHelpViewer help([] { return HWND{}; });
   WindowsShell shell;
   WindowsAutomation automation;
-  WindowsKeptFiles kept;
+  WindowsFileOperations files;
   frmhlavni window(database, machine.Platform(), machine.clock,
-                   {downloader, help, kept, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
+                   {downloader, help, files, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
   machine.window = window.Handle();
   window.Load();
   forms::DoEvents();

@@ -49,9 +49,10 @@ class FakeHelpViewer : public HelpViewer {
 };
 
 /// Files of a fake disk; without one there are none.
-class FakeKeptFiles : public KeptFiles {
+class FakeFileOperations : public FileOperations {
  public:
   bool Exists(const std::wstring& path) override { return disk != nullptr && disk->files.contains(path); }
+  bool IsNormalFile(const std::wstring& path) override { return Exists(path) && !hidden; }
   bool Copy(const std::wstring& from, const std::wstring& to) override {
     steps.push_back(L"copy " + from + L" > " + to);
     if (from == refused || !Exists(from)) return false;
@@ -74,6 +75,7 @@ class FakeKeptFiles : public KeptFiles {
   }
 
   fakes::Disk* disk = nullptr;
+  bool hidden = false;   // all of them
   std::wstring refused;  // that file can be neither copied nor moved
   std::vector<std::wstring> steps;
 };
@@ -82,12 +84,12 @@ class FakeKeptFiles : public KeptFiles {
 struct CommandFakes {
   FakeDownloader downloader;
   FakeHelpViewer help;
-  FakeKeptFiles kept;
+  FakeFileOperations files;
   FakeShell shell;
   FakeAutomation automation;
 
   CommandServices Services(SettingsStore& settings, const std::wstring& programFolder) {
-    return {downloader, help, kept, {settings, shell, automation, programFolder, L"kvez"}};
+    return {downloader, help, files, {settings, shell, automation, programFolder, L"kvez"}};
   }
 };
 

@@ -168,7 +168,7 @@ TEST_F(MainWindowPrevious, UpdateOfAnEmptyDatabaseKeepsNothingAndAsksNothing) {
   Open();
   ServePages();
   Update();
-  EXPECT_THAT(m_commands.kept.steps, IsEmpty());
+  EXPECT_THAT(m_commands.files.steps, IsEmpty());
   EXPECT_THAT(Asked(), IsEmpty());
 }
 
@@ -213,14 +213,14 @@ TEST_F(MainWindowPrevious, GoodUpdateAfterABadOneForgetsThem) {
 
 TEST_F(MainWindowPrevious, NothingIsDownloadedOverFilesThatCannotBeKept) {
   Open();
-  m_commands.kept.refused = File(2);
+  m_commands.files.refused = File(2);
   Update();
   EXPECT_THAT(m_commands.downloader.downloads, IsEmpty());
   EXPECT_THAT(Told(), ElementsAre(L"Aktualizace databáze nebyla úspěšná."));
   EXPECT_EQ(Status(), kKeptSentence);
   EXPECT_EQ(m_window->lstMPSC[kListAll].ListCount(), 6);
   EXPECT_THAT(KeptNames(), IsEmpty());
-  m_commands.kept.refused.clear();
+  m_commands.files.refused.clear();
   Update();
   EXPECT_EQ(m_commands.downloader.downloads.size(), 3U);
 }
@@ -239,13 +239,13 @@ TEST_F(MainWindowPrevious, FileThatIsNotThereIsNotKept) {
 TEST_F(MainWindowPrevious, CopiesThatCannotBePutBackStayForAnotherTime) {
   Open();
   ServePages();
-  m_commands.kept.refused = File(1) + L".old";
+  m_commands.files.refused = File(1) + L".old";
   m_machine.messages.answers = {true};
   Update();
   EXPECT_EQ(Told().back(), L"Předchozí databázi se nepodařilo vrátit.");
   ExpectNoData();
   Close();
-  m_commands.kept.refused.clear();
+  m_commands.files.refused.clear();
   m_machine.messages.answers = {true};
   Open();
   ExpectTheOldData();
@@ -274,7 +274,7 @@ TEST(PreviousFilesTest, EveryStepThatFailsLeavesTheOldOrTheWholeSet) {
   const Strings paths = {folder + L"\\vd1.kl_", folder + L"\\vd2.kl_", folder + L"\\vd3.kl_"};
   for (const std::wstring& refused : paths) {
     fakes::Disk disk;
-    test::FakeKeptFiles files;
+    test::FakeFileOperations files;
     files.disk = &disk;
     PreviousFiles previous(files, folder);
     for (const std::wstring& path : paths) disk.files[path] = {1};

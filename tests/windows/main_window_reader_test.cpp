@@ -249,7 +249,7 @@ TEST_F(MainWindowReader, IsToldTheNameRoleAndStateOfEveryControl) {
   dump += "\n== The About panel\n" + LinesOf(window);
   window.tlHStorno.Click();
   {
-    frmnastaveni settings(m_database, m_commands.Services(m_machine.settings, m_programFolder).shortcut, &window);
+    frmnastaveni settings(m_database, m_commands.Services(m_machine.settings, kFolder).shortcut, &window);
     settings.Load();
     test::ShowActive(settings);
     dump += "\n== The settings\n" + LinesOf(settings);

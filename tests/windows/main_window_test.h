@@ -41,7 +41,7 @@ class MainWindowTest : public ::testing::Test {
     m_machine.disk.files[kFolder + L"\\vd2.kl_"] = postOffices;
     m_machine.disk.files[kFolder + L"\\vd3.kl_"] = districts;
     m_machine.disk.written[kFolder + L"\\vd1.kl_"] = {2026, 11, 16, 0, 50, 0};
-    m_commands.kept.disk = &m_machine.disk;
+    m_commands.files.disk = &m_machine.disk;
   }
 
   void TearDown() override {
@@ -53,7 +53,7 @@ class MainWindowTest : public ::testing::Test {
   /// The window before its loading.
   frmhlavni& Make() {
     m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock,
-                                           m_commands.Services(m_machine.settings, m_programFolder));
+                                           m_commands.Services(m_machine.settings, kFolder));
     return *m_window;
   }
   frmhlavni& Open() {
@@ -92,7 +92,6 @@ class MainWindowTest : public ::testing::Test {
   static inline const std::wstring kFolder = L"C:\\Kvez";
   fakes::Machine m_machine;
   test::CommandFakes m_commands;
-  std::wstring m_programFolder = kFolder;
   WindowsClock m_clock;
   clspsc m_database{m_machine.Platform(), kFolder};
   std::unique_ptr<frmhlavni> m_window;

@@ -1,8 +1,6 @@
 // The update and the help in the real main window, over a machine of the test's own.
 #include <gmock/gmock.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <utility>
 
@@ -216,33 +214,21 @@ TEST_F(MainWindowUpdate, ASecondClickDuringADownloadStartsNothing) {
 
 class MainWindowHelp : public MainWindowUpdate {
  protected:
-  void SetUp() override {
-    MainWindowUpdate::SetUp();
-    folder = std::filesystem::temp_directory_path() / (L"kvez help " + std::to_wstring(GetCurrentProcessId()));
-    std::filesystem::create_directories(folder);
-    m_programFolder = folder.wstring();
-    help = (folder / L"kvez.chm").wstring();
-  }
-  void TearDown() override {
-    MainWindowUpdate::TearDown();
-    SetFileAttributesW(help.c_str(), FILE_ATTRIBUTE_NORMAL);
-    std::filesystem::remove_all(folder);
-  }
-  void CreateHelp(DWORD attributes = FILE_ATTRIBUTE_NORMAL, const std::string& bytes = test::HelpBytes()) {
-    std::ofstream(std::filesystem::path(help), std::ios::binary) << bytes;
-    SetFileAttributesW(help.c_str(), attributes);
+  void CreateHelp(const std::string& bytes = test::HelpBytes()) {
+    m_machine.disk.files[help] = fakes::Bytes(bytes.begin(), bytes.end());
   }
   /// What a download brings.
   void ServeHelp(const std::string& bytes = test::HelpBytes()) {
     const auto watch = m_commands.downloader.onDownload;
-    m_commands.downloader.onDownload = [watch, bytes](const std::wstring& address, const std::wstring& path) {
+    m_commands.downloader.onDownload = [this, watch, bytes](const std::wstring& address, const std::wstring& path) {
       if (watch) watch(address, path);
-      std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+      EXPECT_EQ(path, help);
+      CreateHelp(bytes);
     };
   }
+  bool HelpIsThere() const { return m_machine.disk.files.contains(help); }
 
-  std::filesystem::path folder;
-  std::wstring help;
+  const std::wstring help = kFolder + L"\\kvez.chm";
 };
 
 TEST_F(MainWindowHelp, OpensTheFileThatIsThere) {
@@ -255,12 +241,6 @@ TEST_F(MainWindowHelp, OpensTheFileThatIsThere) {
   EXPECT_EQ(status->Text(), L"");
   EXPECT_EQ(status->Flags(), 256);
   EXPECT_FALSE(status->HasIcon());
-}
-
-TEST_F(MainWindowHelp, AReadOnlyFileIsThere) {
-  CreateHelp(FILE_ATTRIBUTE_READONLY);
-  Click(OpenWatched().tlHNapoveda);
-  EXPECT_THAT(m_commands.help.shown, ElementsAre(help));
 }
 
 TEST_F(MainWindowHelp, DeclinedDownloadLeavesTheStatusBarAsItWas) {
@@ -309,37 +289,32 @@ TEST_F(MainWindowHelp, FailedDownloadLeavesNoPartOfTheFile) {
   m_commands.downloader.results = {{L"kvez.chm", 1}};
   m_commands.downloader.onDownload = [this](const std::wstring&, const std::wstring&) { CreateHelp(); };
   Click(window.tlHNapoveda);
-  EXPECT_FALSE(std::filesystem::exists(help));
+  EXPECT_FALSE(HelpIsThere());
 }
 
 TEST_F(MainWindowHelp, FailedDownloadLeavesAHiddenFileAlone) {
   frmhlavni& window = OpenWatched();
-  CreateHelp(FILE_ATTRIBUTE_HIDDEN);
+  CreateHelp();
+  m_commands.files.hidden = true;
   m_machine.messages.answers = {true};
   m_commands.downloader.results = {{L"kvez.chm", 1}};
   Click(window.tlHNapoveda);
-  EXPECT_TRUE(std::filesystem::exists(help));
+  EXPECT_TRUE(HelpIsThere());
 }
 
-TEST_F(MainWindowHelp, HiddenAndSystemFilesAndFoldersCountAsMissing) {
-  frmhlavni& window = OpenWatched();
-  for (const DWORD attributes : {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_SYSTEM}}) {
-    CreateHelp(attributes);
-    Click(window.tlHNapoveda);
-    SetFileAttributesW(help.c_str(), FILE_ATTRIBUTE_NORMAL);
-    std::filesystem::remove(help);
-  }
-  std::filesystem::create_directory(help);
-  Click(window.tlHNapoveda);
-  EXPECT_EQ(m_machine.messages.questions.size(), 3U);
+TEST_F(MainWindowHelp, AHiddenFileCountsAsMissing) {
+  CreateHelp();
+  m_commands.files.hidden = true;
+  Click(OpenWatched().tlHNapoveda);
+  EXPECT_EQ(m_machine.messages.questions.size(), 1U);
   EXPECT_THAT(m_commands.help.shown, IsEmpty());
 }
 
 TEST_F(MainWindowHelp, FileThatIsNoHelpCountsAsMissing) {
   frmhlavni& window = OpenWatched();
-  CreateHelp(FILE_ATTRIBUTE_NORMAL, "<html>404</html>");
+  CreateHelp("<html>404</html>");
   Click(window.tlHNapoveda);
-  CreateHelp(FILE_ATTRIBUTE_NORMAL, test::HelpBytes(1000));  // cut
+  CreateHelp(test::HelpBytes(1000));  // cut
   Click(window.tlHNapoveda);
   EXPECT_EQ(m_machine.messages.questions.size(), 2U);
   EXPECT_THAT(m_commands.help.shown, IsEmpty());
@@ -353,13 +328,13 @@ TEST_F(MainWindowHelp, DownloadThatIsNoHelpIsDeletedAndSaid) {
   frmhlavni& window = OpenWatched();
   ServeHelp("<html>404</html>");
   for (const bool isThere : {false, true}) {
-    if (isThere) CreateHelp(FILE_ATTRIBUTE_NORMAL, "x");
+    if (isThere) CreateHelp("x");
     m_machine.messages.messages.clear();
     m_machine.messages.answers = {true};
     Click(window.tlHNapoveda);
     ASSERT_EQ(m_machine.messages.messages.size(), 1U);
     EXPECT_EQ(m_machine.messages.messages[0].text, L"Stažení souboru nápovědy nebylo úspěšné.");
-    EXPECT_FALSE(std::filesystem::exists(help));
+    EXPECT_FALSE(HelpIsThere());
     EXPECT_THAT(m_commands.help.shown, IsEmpty());
     EXPECT_EQ(status->Text(), L"");
   }

@@ -1,4 +1,4 @@
-#include "platform/windows/windows_kept_files.h"
+#include "platform/windows/windows_file_operations.h"
 
 #include <windows.h>
 
@@ -14,11 +14,17 @@ bool Flush(const std::wstring& path) {
 
 }  // namespace
 
-bool WindowsKeptFiles::Exists(const std::wstring& path) {
+bool WindowsFileOperations::Exists(const std::wstring& path) {
   return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool WindowsKeptFiles::Copy(const std::wstring& from, const std::wstring& to) {
+bool WindowsFileOperations::IsNormalFile(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  constexpr DWORD others = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & others) == 0;
+}
+
+bool WindowsFileOperations::Copy(const std::wstring& from, const std::wstring& to) {
   m_held.erase(to);
   const std::wstring aside = NameAside(to);
   // The copy is to be moved and removed again, whatever the original is marked with.
@@ -32,13 +38,13 @@ bool WindowsKeptFiles::Copy(const std::wstring& from, const std::wstring& to) {
   return false;
 }
 
-bool WindowsKeptFiles::Move(const std::wstring& from, const std::wstring& to) {
+bool WindowsFileOperations::Move(const std::wstring& from, const std::wstring& to) {
   m_held.erase(from);
   m_held.erase(to);
   return Rename(from, to);
 }
 
-bool WindowsKeptFiles::Remove(const std::wstring& path) {
+bool WindowsFileOperations::Remove(const std::wstring& path) {
   m_held.erase(path);
   if (DeleteFileW(path.c_str())) return true;
   const DWORD error = GetLastError();

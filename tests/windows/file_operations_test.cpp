@@ -1,5 +1,5 @@
-// Copies that are kept, on a real disk.
-#include "platform/windows/windows_kept_files.h"
+// Single files on a real disk.
+#include "platform/windows/windows_file_operations.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -13,7 +13,7 @@
 namespace kvez {
 namespace {
 
-class KeptFilesTest : public ::testing::Test {
+class FileOperationsTest : public ::testing::Test {
  protected:
   std::wstring Path(const wchar_t* name) const { return (folder.Path() / name).wstring(); }
   void Write(const wchar_t* name, const std::string& text) const {
@@ -33,10 +33,10 @@ class KeptFilesTest : public ::testing::Test {
   }
 
   TemporaryFolder folder;
-  WindowsKeptFiles files;
+  WindowsFileOperations files;
 };
 
-TEST_F(KeptFilesTest, CopyHasTheBytesAndTheDate) {
+TEST_F(FileOperationsTest, CopyHasTheBytesAndTheDate) {
   Write(L"a", "old");
   Write(L"b", "something longer");
   std::filesystem::last_write_time(folder.Path() / L"a",
@@ -48,7 +48,7 @@ TEST_F(KeptFilesTest, CopyHasTheBytesAndTheDate) {
   EXPECT_EQ(Count(), 2U);
 }
 
-TEST_F(KeptFilesTest, CopyOfAReadOnlyFileCanBePutBackAndRemoved) {
+TEST_F(FileOperationsTest, CopyOfAReadOnlyFileCanBePutBackAndRemoved) {
   Write(L"a", "old");
   SetFileAttributesW(Path(L"a").c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_TRUE(files.Copy(Path(L"a"), Path(L"b")));
@@ -58,11 +58,11 @@ TEST_F(KeptFilesTest, CopyOfAReadOnlyFileCanBePutBackAndRemoved) {
   SetFileAttributesW(Path(L"a").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(KeptFilesTest, CopyIsNobodyElsesWhileItsMakerRuns) {
+TEST_F(FileOperationsTest, CopyIsNobodyElsesWhileItsMakerRuns) {
   Write(L"a", "old");
-  WindowsKeptFiles others;
+  WindowsFileOperations others;
   {
-    WindowsKeptFiles makers;
+    WindowsFileOperations makers;
     EXPECT_TRUE(makers.Copy(Path(L"a"), Path(L"b")));
     EXPECT_TRUE(others.Exists(Path(L"b")));
     EXPECT_FALSE(others.Remove(Path(L"b")));
@@ -76,7 +76,7 @@ TEST_F(KeptFilesTest, CopyIsNobodyElsesWhileItsMakerRuns) {
   EXPECT_EQ(Count(), 1U);
 }
 
-TEST_F(KeptFilesTest, CopyThatFailsLeavesNothing) {
+TEST_F(FileOperationsTest, CopyThatFailsLeavesNothing) {
   EXPECT_FALSE(files.Copy(Path(L"missing"), Path(L"b")));
   Write(L"a", "old");
   std::filesystem::create_directory(folder.Path() / L"b");
@@ -85,7 +85,7 @@ TEST_F(KeptFilesTest, CopyThatFailsLeavesNothing) {
   EXPECT_FALSE(files.Copy(Path(L"a"), Path(L"no\\b")));
 }
 
-TEST_F(KeptFilesTest, MovesOverTheFileThatIsThere) {
+TEST_F(FileOperationsTest, MovesOverTheFileThatIsThere) {
   Write(L"a", "old");
   Write(L"b", "new");
   EXPECT_TRUE(files.Exists(Path(L"a")));
@@ -96,7 +96,24 @@ TEST_F(KeptFilesTest, MovesOverTheFileThatIsThere) {
   EXPECT_EQ(Read(L"b"), "old");
 }
 
-TEST_F(KeptFilesTest, MissingOneCountsAsRemoved) {
+TEST_F(FileOperationsTest, HiddenAndSystemFilesAndFoldersAreNotNormal) {
+  EXPECT_FALSE(files.IsNormalFile(Path(L"a")));
+  Write(L"a", "text");
+  for (const DWORD attributes :
+       {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM}) {
+    SetFileAttributesW(Path(L"a").c_str(), attributes);
+    EXPECT_EQ(files.IsNormalFile(Path(L"a")),
+              attributes == FILE_ATTRIBUTE_NORMAL || attributes == FILE_ATTRIBUTE_READONLY)
+        << attributes;
+    EXPECT_TRUE(files.Exists(Path(L"a")));
+  }
+  std::filesystem::create_directory(folder.Path() / L"b");
+  EXPECT_FALSE(files.IsNormalFile(Path(L"b")));
+  EXPECT_TRUE(files.Exists(Path(L"b")));
+  SetFileAttributesW(Path(L"a").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(FileOperationsTest, MissingOneCountsAsRemoved) {
   EXPECT_TRUE(files.Remove(Path(L"a")));
   EXPECT_FALSE(files.Exists(Path(L"a")));
 }
