@@ -65,7 +65,7 @@ class WorkIsEnded : public std::exception {};
 class frmhlavni : public forms::Form, public ProgressWindow {
  public:
   /// Creates the hidden window with all its controls. What is given here outlives it.
-  frmhlavni(clspsc& database, const Platform& platform, Clock& clock, CommandServices services);
+  frmhlavni(clspsc& database, const Platform& platform, CommandServices services);
 
   /// Paints the bar of the message panel to a fraction (0 to 1) of its width.
   void Prubech(float fraction) override;
@@ -102,6 +102,8 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   std::array<forms::Label, 2> lblPSCV;
   tlText tlHVyhledej, tlHObcePSC, tlHAktualizace, tlHNapoveda, tlHOaplikaci, tlHNastaveni, tlHKonec;
   forms::Timer tmrMPSC;
+  /// Takes away what the status bar says for a while.
+  MessageTimer messageTimer;
 
  protected:
   void Form_Load() override;
@@ -241,7 +243,6 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   CommandServices m_services;
   StatusBar m_statusBar;
   OwnedMenu m_listMenu;
-  MessageTimer m_messageTimer;
   PreviousFiles m_previous;
   std::unique_ptr<frmnastaveni> m_settingsWindow;
   ListBoxAdapter m_allList{lstMPSC[kListAll]};

@@ -70,12 +70,12 @@ constexpr std::array<AboutButton, 4> kAboutButtons = {{
 
 }  // namespace
 
-frmhlavni::frmhlavni(clspsc& database, const Platform& platform, Clock& clock, CommandServices services)
+frmhlavni::frmhlavni(clspsc& database, const Platform& platform, CommandServices services)
     : Form({.clientWidth = kClientWidth, .clientHeight = kClientHeight, .icon = L"APLIKACE"}),
       m_database(database),
       m_platform(platform),
       m_services(std::move(services)),
-      m_statusBar(m_platform.formats, clock, MainWindowMenuExplanations()),
+      m_statusBar(m_platform.formats, m_platform.output.clock, MainWindowMenuExplanations()),
       m_previous(m_services.files, m_services.ProgramFolder()) {
   SetKeyPreview(true);
   // What is created first lies in front.

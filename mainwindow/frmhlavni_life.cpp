@@ -175,7 +175,7 @@ void frmhlavni::Form_Unload(std::int16_t& /*cancel*/) {
 }
 
 void frmhlavni::Form_Terminate() {
-  m_messageTimer.Stop();
+  messageTimer.Stop();
   m_statusBar.Destroy();
 }
 

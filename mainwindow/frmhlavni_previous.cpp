@@ -8,11 +8,6 @@
 #include "mainwindow/frmhlavni.h"
 
 namespace kvez {
-namespace {
-
-constexpr unsigned kMessageMilliseconds = 5000;
-
-}  // namespace
 
 void frmhlavni::OfferPreviousDatabase() {
   if (m_database.pscCelkem() > 0 || !m_previous.AreKept()) return;
@@ -33,7 +28,7 @@ void frmhlavni::SayThatDatabaseIsKept() { SayForAWhile(L"Byla zachována původn
 void frmhlavni::SayForAWhile(std::wstring_view text) {
   ShowIcon(StatusIcon::Program);
   m_statusBar.SetText(text, kMessagePanel, 0);
-  m_messageTimer.Start(kMessageMilliseconds, [this, text = std::wstring(text)] {
+  messageTimer.Start([this, text = std::wstring(text)] {
     // A hint or another message may have taken its place.
     if (m_statusBar.Message() == text) ClearMessage();
   });
@@ -45,7 +40,7 @@ void frmhlavni::TellOfLooseEnds() {
   const std::wstring updated = LastUpdateText();
   tlHAktualizace.SetToolTipText(updated + L" " + sentence);
   m_statusBar.SetText(sentence, kMessagePanel, 0);
-  m_messageTimer.Start(kMessageMilliseconds, [this, sentence, updated] {
+  messageTimer.Start([this, sentence, updated] {
     if (m_statusBar.Message() == sentence) m_statusBar.SetText(updated, kMessagePanel, 0);
   });
 }

@@ -37,7 +37,7 @@ void frmhlavni::tlHAktualizace_Click() {
   if (!forms::TakesInput(*this)) return;
   const forms::InputPause pause(*this);
   // What a failure just before has left to be cleared is over; it must not clear what this one says.
-  m_messageTimer.Stop();
+  messageTimer.Stop();
   ShowIcon(StatusIcon::Download);
   // What was never loaded is no database to come back to. Where no copies can be made nothing can be downloaded, too.
   if (m_database.pscCelkem() > 0 && !m_previous.Keep()) return KeepTheDatabase();

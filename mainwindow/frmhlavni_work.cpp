@@ -1,7 +1,5 @@
 // Long work, a download or a print: the window stays alive behind it, and Escape ends it.
 
-#include <windows.h>
-
 #include <utility>
 
 #include "forms/message_loop.h"
@@ -11,7 +9,7 @@ namespace kvez {
 namespace {
 
 // Whoever drags a window sees it follow; a list of thousands of rows loses no time over it.
-constexpr ULONGLONG kBetweenLooks = 20;  // milliseconds
+constexpr std::uint64_t kBetweenLooks = 20;  // milliseconds
 
 }  // namespace
 
@@ -20,10 +18,10 @@ LongWork::LongWork(frmhlavni& window) : m_window(window), m_around(std::exchange
 LongWork::~LongWork() { m_window.m_work = m_around; }
 
 bool LongWork::GoesOn() {
-  const ULONGLONG now = GetTickCount64();
-  if (now - m_lastLook >= kBetweenLooks) {
+  Clock& clock = m_window.m_platform.output.clock;
+  if (clock.Milliseconds() - m_lastLook >= kBetweenLooks) {
     m_wasEnded = forms::CatchUp(m_window) || m_wasEnded;
-    m_lastLook = GetTickCount64();
+    m_lastLook = clock.Milliseconds();
   }
   return !m_wasEnded && m_window.IsOpen() && !m_window.SessionEnds();
 }

@@ -10,12 +10,17 @@ MessageTimer* theTimer = nullptr;
 
 }  // namespace
 
-void MessageTimer::Start(unsigned milliseconds, std::function<void()> action) {
+void MessageTimer::Start(std::function<void()> action) {
   if (theTimer != nullptr) theTimer->Stop();
-  m_timer = SetTimer(nullptr, 0, milliseconds, &MessageTimer::Procedure);
+  m_timer = SetTimer(nullptr, 0, m_interval, &MessageTimer::Procedure);
   if (m_timer == 0) return;
   theTimer = this;
   m_action = std::move(action);
+}
+
+void MessageTimer::SetInterval(unsigned milliseconds) {
+  m_interval = milliseconds;
+  if (IsRunning()) Start(std::move(m_action));
 }
 
 void MessageTimer::Stop() {

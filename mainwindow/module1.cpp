@@ -41,7 +41,7 @@ class Module1 {
         m_database(CorePlatform(), ProgramFolder()) {}
 
   int Run() {
-    m_window = std::make_unique<frmhlavni>(m_database, CorePlatform(), m_clock, Commands());
+    m_window = std::make_unique<frmhlavni>(m_database, CorePlatform(), Commands());
     m_window->Load();
     forms::RunMessageLoop(*m_window);
     m_window.reset();
@@ -64,7 +64,7 @@ class Module1 {
   WindowsFiles m_files;
   WindowsFormats m_formats;
   WindowsClock m_clock;
-  WindowsDownloader m_downloader;
+  WindowsDownloader m_downloader{m_clock};
   WindowsHelpViewer m_help{[this] { return m_window ? m_window->Handle() : nullptr; }};
   WindowsFileOperations m_fileOperations;
   WindowsVersionInformation m_version;

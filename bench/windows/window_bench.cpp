@@ -136,12 +136,12 @@ void MeasureFilling(frmhlavni& window, clspsc& database, Limits& limits) {
 void MeasureWindow(const std::wstring& exe, Limits& limits) {
   WindowsMachine machine;
   clspsc database(machine.Platform(), std::filesystem::path(exe).parent_path().wstring());
-  WindowsDownloader downloader;
+  WindowsDownloader downloader(machine.clock);
   WindowsHelpViewer help([] { return HWND{}; });
   WindowsShell shell;
   WindowsAutomation automation;
   WindowsFileOperations files;
-  frmhlavni window(database, machine.Platform(), machine.clock,
+  frmhlavni window(database, machine.Platform(),
                    {downloader, help, files, {machine.settings, shell, automation, std::wstring(), std::wstring()}});
   machine.window = window.Handle();
   window.Load();

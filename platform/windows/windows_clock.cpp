@@ -10,4 +10,6 @@ DateTime WindowsClock::Now() {
   return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
 }
 
+std::uint64_t WindowsClock::Milliseconds() { return GetTickCount64(); }
+
 }  // namespace kvez

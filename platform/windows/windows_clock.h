@@ -8,6 +8,7 @@ namespace kvez {
 class WindowsClock : public Clock {
  public:
   DateTime Now() override;
+  std::uint64_t Milliseconds() override;
 };
 
 }  // namespace kvez

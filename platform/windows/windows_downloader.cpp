@@ -5,6 +5,7 @@
 #include <wininet.h>
 
 #include <memory>
+#include <optional>
 
 #include "platform/windows/download_job.h"
 #include "platform/windows/download_leftovers.h"
@@ -16,8 +17,8 @@ namespace {
 
 // Milliseconds.
 constexpr DWORD kBetweenLooks = 50;
-constexpr ULONGLONG kToEndByItself = 300;  // with the next byte, if one comes
-constexpr ULONGLONG kToBeAborted = 5000;
+constexpr std::uint64_t kToEndByItself = 300;  // with the next byte, if one comes
+constexpr std::uint64_t kToBeAborted = 5000;
 
 // Both libraries are loaded when the first download asks: they would make up half of the program's start.
 
@@ -91,26 +92,26 @@ std::int32_t WindowsDownloader::Download(const std::wstring& address, const std:
 
 std::int32_t WindowsDownloader::WaitFor(DownloadJob& job, const DownloadWatch& goesOn) const {
   std::uint64_t bytes = 0;
-  ULONGLONG lastByte = GetTickCount64();
-  ULONGLONG ended = 0;
+  std::uint64_t lastByte = m_clock.Milliseconds();
+  std::optional<std::uint64_t> ended;
   const HANDLE thread = m_thread.Get();
   while (MsgWaitForMultipleObjectsEx(1, &thread, kBetweenLooks, QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_OBJECT_0) {
     const bool wanted = goesOn(job.Bytes(), job.Total());
-    const ULONGLONG now = GetTickCount64();
+    const std::uint64_t now = m_clock.Milliseconds();
     if (job.Bytes() != bytes) {
       bytes = job.Bytes();
       lastByte = now;
     }
-    if (ended == 0 && (!wanted || bytes > m_limits.bytes || now - lastByte >= m_limits.standsStill)) {
+    if (!ended && (!wanted || bytes > m_limits.bytes || now - lastByte >= m_limits.standsStill)) {
       job.End();
       ended = now;
     }
-    if (ended == 0) continue;
-    if (now - ended >= kToEndByItself) job.Abort();
-    if (now - ended >= kToBeAborted) return E_ABORT;
+    if (!ended) continue;
+    if (now - *ended >= kToEndByItself) job.Abort();
+    if (now - *ended >= kToBeAborted) return E_ABORT;
   }
   // It may have come to its end in the very moment when it was to be ended, or grown too fast for the looks.
-  return ended != 0 || job.Bytes() > m_limits.bytes ? E_ABORT : job.Result();
+  return ended || job.Bytes() > m_limits.bytes ? E_ABORT : job.Result();
 }
 
 }  // namespace kvez

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/downloader.h"
 #include "platform/windows/owned.h"
 
@@ -17,13 +18,15 @@ struct DownloadLimits {
 /// comes back only when everything has come. What stands still or grows without end fails.
 class WindowsDownloader : public Downloader {
  public:
-  explicit WindowsDownloader(DownloadLimits limits = {}) : m_limits(limits) {}
+  /// The clock outlives this object.
+  explicit WindowsDownloader(Clock& clock, DownloadLimits limits = {}) : m_clock(clock), m_limits(limits) {}
 
   std::int32_t Download(const std::wstring& address, const std::wstring& path, const DownloadWatch& goesOn) override;
 
  private:
   std::int32_t WaitFor(DownloadJob& job, const DownloadWatch& goesOn) const;
 
+  Clock& m_clock;
   DownloadLimits m_limits;
   OwnedThread m_thread;  // of the last download
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -17,8 +18,11 @@ namespace kvez::fakes {
 class ClockFake : public Clock {
  public:
   DateTime Now() override { return now; }
+  std::uint64_t Milliseconds() override { return milliseconds += step; }
 
   DateTime now{2026, 11, 16, 0, 50, 0};  // a Monday
+  std::uint64_t milliseconds = 0;
+  std::uint64_t step = 1000;  // by which it goes on between two looks
 };
 
 class PendingMessagesFake : public PendingMessages {

@@ -4,15 +4,11 @@
 
 #include "mainwindow/statusbar.h"
 #include "platform/portable/portable_formats.h"
+#include "tests/core/output_fakes.h"
 #include "tests/screens/bitmap_sheet.h"
 
 namespace kvez::test {
 namespace {
-
-class StandingClock : public Clock {
- public:
-  DateTime Now() override { return {2026, 11, 16, 9, 5, 0}; }
-};
 
 struct Row {
   StatusIcon icon;
@@ -44,7 +40,7 @@ bool DrawSheet(const wchar_t* path) {
   // A bar that is not shown draws nothing.
   ShowWindow(parent, SW_SHOWNOACTIVATE);
   PortableFormats formats;
-  StandingClock clock;
+  fakes::ClockFake clock;
   StatusBar bar(formats, clock);
   bar.Create(parent, false);
   int left = 0;

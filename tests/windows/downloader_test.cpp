@@ -9,8 +9,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <thread>
 
+#include "platform/windows/windows_clock.h"
 #include "tests/support/http_server.h"
 #include "tests/support/waiting.h"
 
@@ -29,7 +31,7 @@ class Downloads : public testing::Test {
   void TearDown() override { std::filesystem::remove_all(folder); }
 
   std::int32_t Get(const wchar_t* name) {
-    return downloader.Download(server.Base() + name, (folder / name).wstring(), goesOn);
+    return downloader->Download(server.Base() + name, (folder / name).wstring(), goesOn);
   }
   std::string Content(const wchar_t* name) {
     std::ifstream stream(folder / name, std::ios::binary);
@@ -43,7 +45,8 @@ class Downloads : public testing::Test {
   }
 
   HttpServer server;
-  WindowsDownloader downloader;
+  WindowsClock clock;
+  std::optional<WindowsDownloader> downloader{clock};
   DownloadWatch goesOn = [](std::uint64_t, std::uint64_t) { return true; };
   std::filesystem::path folder;
 };
@@ -142,7 +145,7 @@ class StandingDownloads : public Downloads {
   /// One that was ended has left the downloader able to get the next one.
   void ExpectThatTheNextOneComes() {
     goesOn = [](std::uint64_t, std::uint64_t) { return true; };
-    EXPECT_EQ(downloader.Download(other.Base() + L"vd2.kl_", (folder / L"vd2.kl_").wstring(), goesOn), 0);
+    EXPECT_EQ(downloader->Download(other.Base() + L"vd2.kl_", (folder / L"vd2.kl_").wstring(), goesOn), 0);
     EXPECT_EQ(Content(L"vd2.kl_"), "new");
   }
 
@@ -164,13 +167,13 @@ TEST_F(StandingDownloads, TellHowMuchHasComeAndEndWhenTheyAreTold) {
 }
 
 TEST_F(StandingDownloads, FailWhenTheyStandTooLong) {
-  downloader = WindowsDownloader({.standsStill = 500});
+  downloader.emplace(clock, DownloadLimits{.standsStill = 500});
   EXPECT_NE(Get(L"vd1.kl_"), 0);
   ExpectThatTheNextOneComes();
 }
 
 TEST_F(Downloads, FailWhenTheyGrowWithoutEnd) {
-  downloader = WindowsDownloader({.bytes = 1U << 20});
+  downloader.emplace(clock, DownloadLimits{.bytes = 1U << 20});
   server.Serve("vd1.kl_", {.body = std::string(65536, 'x'), .then = HttpAnswer::Then::Endless});
   EXPECT_NE(Get(L"vd1.kl_"), 0);
   server.Serve("vd2.kl_", {.body = std::string(1U << 20, 'x')});
@@ -188,7 +191,7 @@ TEST_F(Downloads, FailWhenTheConnectionIsRefusedAndLeaveTheOldFile) {
 
 TEST_F(Downloads, ArriveWhereTheCodePageCannotNameThePath) {
   server.Serve("x", {.body = "new"});
-  EXPECT_EQ(downloader.Download(server.Base() + L"x", (folder / L"日本.kl_").wstring(), goesOn), 0);
+  EXPECT_EQ(downloader->Download(server.Base() + L"x", (folder / L"日本.kl_").wstring(), goesOn), 0);
   EXPECT_EQ(Content(L"日本.kl_"), "new");
 }
 

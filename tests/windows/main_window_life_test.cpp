@@ -112,7 +112,7 @@ TEST_F(MainWindowLife, MessagePanelIsCentred) {
 }
 
 TEST_F(MainWindowLife, MessagePanelIsMadeWhereTheLoadingPutsIt) {
-  const frmhlavni window(m_database, m_machine.Platform(), m_clock, m_commands.Services(m_machine.settings, kFolder));
+  const frmhlavni window(m_database, m_machine.Platform(), m_commands.Services(m_machine.settings, kFolder));
   EXPECT_EQ(window.picMPSCPI.GetPlace(), Open().picMPSCPI.GetPlace());
 }
 

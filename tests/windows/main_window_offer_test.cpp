@@ -80,11 +80,7 @@ TEST_F(SearchOffers, OfferOutlastsTheTimerOfAnEarlierText) {
   window.tlHAktualizace.Click();
   EXPECT_EQ(Status().Text(), L"Byla zachována původní databáze.");
   Search(L"Led");
-  static bool over;
-  over = false;
-  const UINT_PTR timer = SetTimer(nullptr, 0, 5200, [](HWND, UINT, UINT_PTR, DWORD) { over = true; });
-  EXPECT_TRUE(test::PumpUntil([] { return over; }, 20.0));
-  KillTimer(nullptr, timer);
+  LetMessageTimeEnd();
   EXPECT_EQ(Status().Text(), L"Nic nenalezeno. Zkuste Led* (1 obec).");
 }
 

@@ -277,12 +277,7 @@ TEST_F(PanelState, TheFiveSecondTimerTakesAwayOnlyItsOwnText) {
   ASSERT_EQ(Status(), L"Byla zachována původní databáze.");
   test::PointAt(test::CenterOf(window.tlHNastaveni.Handle()));
   ASSERT_EQ(Status(), L"Uživatelské nastavení.");
-  // Started after it, a longer timer ends behind it.
-  static bool over;
-  over = false;
-  const UINT_PTR timer = SetTimer(nullptr, 0, 5200, [](HWND, UINT, UINT_PTR, DWORD) { over = true; });
-  ASSERT_TRUE(test::PumpUntil([] { return over; }, 20.0));
-  KillTimer(nullptr, timer);
+  LetMessageTimeEnd();
   EXPECT_EQ(Status(), L"Uživatelské nastavení.");
   PointAside();
 }

@@ -8,7 +8,6 @@
 
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
-#include "platform/windows/windows_clock.h"
 #include "tests/core/data_bytes.h"
 #include "tests/core/fakes.h"
 #include "tests/support/program_driver.h"
@@ -52,8 +51,8 @@ class MainWindowTest : public ::testing::Test {
 
   /// The window before its loading.
   frmhlavni& Make() {
-    m_window = std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_clock,
-                                           m_commands.Services(m_machine.settings, kFolder));
+    m_window =
+        std::make_unique<frmhlavni>(m_database, m_machine.Platform(), m_commands.Services(m_machine.settings, kFolder));
     return *m_window;
   }
   frmhlavni& Open() {
@@ -79,6 +78,13 @@ class MainWindowTest : public ::testing::Test {
     test::PumpInput();
   }
 
+  /// The time that a message of the status bar has, without its length.
+  void LetMessageTimeEnd() {
+    EXPECT_TRUE(m_window->messageTimer.IsRunning());
+    m_window->messageTimer.SetInterval(1);
+    EXPECT_TRUE(test::PumpUntil([this] { return !m_window->messageTimer.IsRunning(); }));
+  }
+
   void SetSetting(int number, const wchar_t* value) {
     m_machine.settings.values[{L"VD", L"VDKVEZ", L"nastavení" + std::to_wstring(number)}] = value;
   }
@@ -92,7 +98,6 @@ class MainWindowTest : public ::testing::Test {
   static inline const std::wstring kFolder = L"C:\\Kvez";
   fakes::Machine m_machine;
   test::CommandFakes m_commands;
-  WindowsClock m_clock;
   clspsc m_database{m_machine.Platform(), kFolder};
   std::unique_ptr<frmhlavni> m_window;
 };

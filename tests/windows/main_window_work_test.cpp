@@ -109,6 +109,28 @@ TEST_F(LongDownload, EscapeEndsTheDownloadOfTheHelp) {
   EXPECT_EQ(Status().Text(), L"");
 }
 
+TEST_F(LongDownload, LooksAfterTheWindowOnceInTwentyMilliseconds) {
+  const frmhlavni& window = OpenInFront();
+  bool isHandled = false;
+  constexpr UINT kMessage = WM_APP + 900;
+  const test::MessageWatch watch(window.Handle(), kMessage, [&] { isHandled = true; });
+  Inside(1, [&] {
+    fakes::ClockFake& clock = m_machine.output.clock;
+    m_commands.downloader.watch(0, 0);
+    clock.step = 0;
+    PostMessageW(window.Handle(), kMessage, 0, 0);
+    clock.milliseconds += 19;
+    m_commands.downloader.watch(0, 0);
+    EXPECT_FALSE(isHandled);
+    clock.milliseconds += 1;
+    m_commands.downloader.watch(0, 0);
+    EXPECT_TRUE(isHandled);
+  });
+  m_commands.downloader.results = {{L"vd1.kl_", 1}};
+  PressKey('A', false, false, true);
+  EXPECT_TRUE(isHandled);
+}
+
 // What is typed and clicked meanwhile goes nowhere, then or later.
 TEST_F(LongDownload, TakesNoInput) {
   frmhlavni& window = OpenInFront();

@@ -12,19 +12,21 @@
 
 #include "mainwindow/statusbar.h"
 #include "platform/portable/portable_formats.h"
+#include "tests/core/output_fakes.h"
 #include "tests/support/window_test.h"
 
 namespace kvez::test {
 
-class FakeClock : public Clock {
+class FailingClock : public fakes::ClockFake {
  public:
+  FailingClock() { now = {2026, 11, 16, 9, 5, 0}; }
+
   DateTime Now() override {
-    if (!fails) return now;
+    if (!fails) return ClockFake::Now();
     ++failures;
     throw std::runtime_error("The clock has stopped.");
   }
 
-  DateTime now{2026, 11, 16, 9, 5, 0};
   bool fails = false;
   int failures = 0;
 };
@@ -100,7 +102,7 @@ class StatusBarTest : public ::testing::Test {
   void CloseMenu() { SendMessageW(window.Handle(), WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0); }
 
   PortableFormats formats;
-  FakeClock clock;
+  FailingClock clock;
   RecordingWindow window;
   StatusBar bar{formats, clock, MainWindowMenuExplanations()};
   const HMENU menu = reinterpret_cast<HMENU>(1);
