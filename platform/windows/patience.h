@@ -6,8 +6,8 @@
 
 namespace kvez {
 
-/// How long a file is waited for that another program holds: two sessions of one machine may run the program in the
-/// same folder, and each holds a file for a few milliseconds only.
+/// How long is waited for what another program holds for a few milliseconds only: a file, because two sessions of one
+/// machine may run the program in the same folder, or the clipboard.
 struct Patience {
   std::function<void()> pause = [] { Sleep(25); };
   int pauses = 20;

@@ -10,18 +10,6 @@ namespace {
 
 using OwnedGlobal = Owned<HGLOBAL, [](HGLOBAL memory) { GlobalFree(memory); }>;
 
-constexpr int kTries = 20;
-constexpr DWORD kPause = 25;  // milliseconds
-
-// Another program may be looking at the clipboard just now, which it does for a moment only.
-bool OpenPatiently(HWND owner) {
-  for (int tries = 0; tries < kTries; ++tries) {
-    if (OpenClipboard(owner)) return true;
-    Sleep(kPause);
-  }
-  return false;
-}
-
 void Put(UINT format, const void* bytes, std::size_t size) {
   OwnedGlobal memory(GlobalAlloc(GMEM_MOVEABLE, size));
   if (!memory) return;
@@ -34,11 +22,21 @@ void Put(UINT format, const void* bytes, std::size_t size) {
 
 }  // namespace
 
-WindowsClipboard::WindowsClipboard(std::function<HWND()> owner) : m_owner(std::move(owner)) {}
+WindowsClipboard::WindowsClipboard(std::function<HWND()> owner, Patience patience)
+    : m_owner(std::move(owner)), m_patience(std::move(patience)) {}
+
+bool WindowsClipboard::OpenPatiently() const {
+  const HWND owner = m_owner();
+  for (int paused = 0; !OpenClipboard(owner); ++paused) {
+    if (paused == m_patience.pauses) return false;
+    m_patience.pause();
+  }
+  return true;
+}
 
 void WindowsClipboard::Replace(std::wstring_view text) {
   const std::wstring terminated(text);
-  if (!OpenPatiently(m_owner())) return;
+  if (!OpenPatiently()) return;
   EmptyClipboard();
   // The system makes the 8-bit text for older programs by this locale; left out, it takes the keyboard's, and Czech
   // letters get lost behind an English one.

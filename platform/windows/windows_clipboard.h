@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/clipboard.h"
+#include "platform/windows/patience.h"
 
 namespace kvez {
 
@@ -13,12 +14,15 @@ namespace kvez {
 /// text.
 class WindowsClipboard : public Clipboard {
  public:
-  explicit WindowsClipboard(std::function<HWND()> owner);
+  explicit WindowsClipboard(std::function<HWND()> owner, Patience patience = {});
 
   void Replace(std::wstring_view text) override;
 
  private:
+  bool OpenPatiently() const;
+
   std::function<HWND()> m_owner;
+  Patience m_patience;
 };
 
 }  // namespace kvez

@@ -58,38 +58,51 @@ TEST_F(SystemClipboard, HoldsNothingElseAfterwards) {
   EXPECT_FALSE(IsClipboardFormatAvailable(own));
 }
 
+/// Another program, which looks at the clipboard until it is told to let go.
+class LooksAtClipboard {
+ public:
+  LooksAtClipboard()
+      : m_thread([this] {
+          while (!OpenClipboard(nullptr)) Sleep(1);
+          SetEvent(m_looks.Get());
+          WaitForSingleObject(m_wanted.Get(), 10000);
+          CloseClipboard();
+        }) {
+    WaitForSingleObject(m_looks.Get(), 10000);
+  }
+  ~LooksAtClipboard() { LetGo(); }
+  void LetGo() {
+    SetEvent(m_wanted.Get());
+    if (m_thread.joinable()) m_thread.join();
+  }
+
+ private:
+  using OwnedEvent = Owned<HANDLE, &release::Any>;
+
+  OwnedEvent m_looks{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  OwnedEvent m_wanted{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  std::thread m_thread;
+};
+
 TEST_F(SystemClipboard, WaitsForAProgramThatLooksAtIt) {
   m_clipboard.Replace(L"staré");
-  const HANDLE held = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  std::thread other([held] {
-    while (!OpenClipboard(nullptr)) Sleep(1);
-    SetEvent(held);
-    Sleep(100);
-    CloseClipboard();
-  });
-  WaitForSingleObject(held, 10000);
-  m_clipboard.Replace(L"nové");
-  other.join();
-  CloseHandle(held);
+  LooksAtClipboard other;
+  int pauses = 0;
+  const auto pause = [&] {
+    if (++pauses == 2) other.LetGo();
+  };
+  WindowsClipboard([this] { return m_owner.Get(); }, {pause, 20}).Replace(L"nové");
+  EXPECT_EQ(pauses, 2);
   EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"nové");
 }
 
 TEST_F(SystemClipboard, GivesUpSilentlyOnAProgramThatKeepsIt) {
   m_clipboard.Replace(L"staré");
-  const HANDLE held = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  const HANDLE release = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  std::thread other([held, release] {
-    while (!OpenClipboard(nullptr)) Sleep(1);
-    SetEvent(held);
-    WaitForSingleObject(release, 10000);
-    CloseClipboard();
-  });
-  WaitForSingleObject(held, 10000);
-  m_clipboard.Replace(L"nové");
-  SetEvent(release);
-  other.join();
-  CloseHandle(held);
-  CloseHandle(release);
+  LooksAtClipboard other;
+  int pauses = 0;
+  WindowsClipboard([this] { return m_owner.Get(); }, {[&] { ++pauses; }, 20}).Replace(L"nové");
+  EXPECT_EQ(pauses, 20);
+  other.LetGo();
   EXPECT_EQ(Read<wchar_t>(CF_UNICODETEXT), L"staré");
 }
 
