@@ -5,8 +5,6 @@
 namespace kvez {
 namespace {
 
-bool IsWildcard(wchar_t character) { return character == L'*' || character == L'?'; }
-
 // An asterisk anywhere goes before a question mark anywhere.
 std::size_t FindWildcard(std::wstring_view text) {
   const std::size_t asterisk = text.find(L'*');

@@ -9,6 +9,8 @@ namespace kvez {
 
 enum class NameMode : std::uint8_t { Whole, BeginsWith, EndsWith, BeginsAndEndsWith, Contains };
 
+constexpr bool IsWildcard(wchar_t character) { return character == L'*' || character == L'?'; }
+
 /// What a typed text with the wildcards "*" and "?" asks for. Both wildcards stand for any run of characters, and
 /// only one counts; any other is an ordinary character, which no name has.
 struct NamePattern {

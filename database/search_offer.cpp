@@ -151,7 +151,7 @@ std::wstring OfferAfterPostalCode(std::wstring_view text) {
 std::wstring OfferAfter(const EndedSearch& search, const MunicipalityList& municipalities,
                         std::span<const tclsdodavaci> postOffices, Formats& formats) {
   if (search.by == EndedSearch::By::PostalCode) return OfferAfterPostalCode(search.text);
-  if (search.text.empty() || search.text.find_first_of(L"*?") != std::wstring_view::npos) return {};
+  if (search.text.empty() || std::ranges::any_of(search.text, IsWildcard)) return {};
   const NameOffer offer(municipalities, postOffices, formats);
   return search.found > 0 ? offer.ForFound(search.text, search.found) : offer.ForNothing(search.text);
 }

@@ -102,9 +102,9 @@ std::string Report(const ImportFigures& figures, const Tables& tables) {
   add("municipalities without a row of their own name", figures.listedByParts);
   add("rows municipality-part added for them", figures.added);
   add("exact duplicates removed", figures.duplicates);
-  add("obce.csv", tables.municipalities.size(), " rows");
-  add("posty.csv", tables.postOffices.size(), " rows");
-  add("okresy.csv", tables.districts.size(), " rows");
+  add(kMunicipalityTable.name, tables.municipalities.size(), " rows");
+  add(kPostOfficeTable.name, tables.postOffices.size(), " rows");
+  add(kDistrictTable.name, tables.districts.size(), " rows");
   return report;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "database/name_pattern.h"
+#include "database/name_text.h"
 #include "text/fold.h"
 #include "tools/tool.h"
 
@@ -11,8 +13,6 @@ namespace {
 constexpr wchar_t kNoBreakSpace = 0xA0;
 
 bool IsBlank(wchar_t character) { return character == L' ' || character == kNoBreakSpace; }
-bool IsControl(wchar_t character) { return character < L' ' || (character >= 0x7F && character < 0xA0); }
-bool IsWildcard(wchar_t character) { return character == L'*' || character == L'?'; }
 
 }  // namespace
 

@@ -85,7 +85,7 @@ class ListReader {
     row.code = *code;
     row.postOffice = Name(fields[2], "NAZPOST");
     const auto districtCode = ParseDistrictCode(fields[3]);
-    if (!districtCode || *districtCode < 0) {
+    if (!districtCode) {
       Fail("KODOKRESU " + InApostrophes(fields[3]) + " is no district code from 0 to 32767");
     }
     row.districtCode = *districtCode;

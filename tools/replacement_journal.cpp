@@ -80,8 +80,7 @@ Bytes JournalBytes(const ReplacementJournal& journal) {
 ParsedJournal ParseJournal(std::span<const std::uint8_t> bytes) {
   std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   ParsedJournal parsed;
-  parsed.isJournal = kSignature.starts_with(text.substr(0, kSignature.size()));
-  if (!parsed.isJournal) return parsed;
+  if (!kSignature.starts_with(text.substr(0, kSignature.size()))) return parsed;
   parsed.isCut = true;
   if (text.size() < kSignature.size()) return parsed;
   text.remove_prefix(kSignature.size());

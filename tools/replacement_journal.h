@@ -37,7 +37,6 @@ Bytes JournalBytes(const ReplacementJournal& journal);
 
 /// What became of reading a journal.
 struct ParsedJournal {
-  bool isJournal = false;  // it begins as one; anything else is somebody else's file
   /// Nothing when it is no journal, is cut, or names anything but files that a replacement may touch. A cut one was
   /// just being written, and nothing else had been done yet.
   std::optional<ReplacementJournal> journal;

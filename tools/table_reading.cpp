@@ -17,15 +17,15 @@ namespace {
 /// One table, line by line. Throws ToolError with file and line.
 class TableReader {
  public:
-  TableReader(std::span<const std::uint8_t> table, const std::string& name, std::string_view heading) : m_name(name) {
+  TableReader(std::span<const std::uint8_t> table, const std::string& name, const TableFile& file) : m_name(name) {
     std::string_view text(reinterpret_cast<const char*>(table.data()), table.size());
     // Some editors mark UTF-8 files.
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     m_lines = SplitLines(text);
-    m_columns = SplitFields(FromUtf8(heading).value()).size();
-    if (m_lines.empty() || m_lines.front() != heading) {
+    m_columns = SplitFields(FromUtf8(file.heading).value()).size();
+    if (m_lines.empty() || m_lines.front() != file.heading) {
       m_line = 1;
-      Fail("the heading '" + std::string(heading) + "' was expected");
+      Fail("the heading '" + std::string(file.heading) + "' was expected");
     }
   }
 
@@ -58,7 +58,7 @@ class TableReader {
 
   std::int16_t DistrictCode(std::size_t column) const {
     const auto code = ParseDistrictCode(m_fields[column]);
-    if (!code || *code < 0) Fail(InApostrophes(m_fields[column]) + " is no district code from 0 to 32767");
+    if (!code) Fail(InApostrophes(m_fields[column]) + " is no district code from 0 to 32767");
     return *code;
   }
 
@@ -105,14 +105,14 @@ class OnlyOnce {
 
 std::vector<MunicipalityRow> ParseMunicipalities(std::span<const std::uint8_t> table, const std::string& name) {
   std::vector<MunicipalityRow> rows;
-  TableReader reader(table, name, "psc;obec;okres");
+  TableReader reader(table, name, kMunicipalityTable);
   while (reader.Next()) rows.push_back({reader.PostalCode(0), reader.Name(1), reader.Name(2)});
   return rows;
 }
 
 std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table, const std::string& name) {
   std::vector<PostOfficeRow> rows;
-  TableReader reader(table, name, "psc;posta");
+  TableReader reader(table, name, kPostOfficeTable);
   OnlyOnce<std::int32_t> once("code");
   while (reader.Next()) {
     rows.push_back({reader.PostalCode(0), reader.Name(1)});
@@ -123,7 +123,7 @@ std::vector<PostOfficeRow> ParsePostOffices(std::span<const std::uint8_t> table,
 
 std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, const std::string& name) {
   std::vector<DistrictRow> rows;
-  TableReader reader(table, name, "kod;okres");
+  TableReader reader(table, name, kDistrictTable);
   OnlyOnce<std::int16_t> codes("code");
   OnlyOnce<std::wstring> names("name");
   while (reader.Next()) {
@@ -135,13 +135,13 @@ std::vector<DistrictRow> ParseDistricts(std::span<const std::uint8_t> table, con
 }
 
 Tables ReadTables(const std::filesystem::path& folder) {
-  const auto read = [&folder](const char* file, auto parse) {
-    return parse(ReadWholeFile(folder / file), Shown(folder / file));
+  const auto read = [&folder](const TableFile& file, auto parse) {
+    return parse(ReadWholeFile(folder / file.name), Shown(folder / file.name));
   };
   Tables tables;
-  tables.municipalities = read("obce.csv", &ParseMunicipalities);
-  tables.postOffices = read("posty.csv", &ParsePostOffices);
-  tables.districts = read("okresy.csv", &ParseDistricts);
+  tables.municipalities = read(kMunicipalityTable, &ParseMunicipalities);
+  tables.postOffices = read(kPostOfficeTable, &ParsePostOffices);
+  tables.districts = read(kDistrictTable, &ParseDistricts);
   return tables;
 }
 

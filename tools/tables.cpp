@@ -23,15 +23,13 @@ void SortBy(std::vector<Row>& rows, MakeKey makeKey) {
   rows = std::move(sorted);
 }
 
-template <class Row, class AppendRow>
-Bytes CsvBytes(std::string_view heading, const std::vector<Row>& rows, AppendRow appendRow) {
-  std::string text(heading);
+/// `line` gives the line of a row.
+template <class Row, class Line>
+NewFile Written(const TableFile& file, const std::filesystem::path& folder, const std::vector<Row>& rows, Line line) {
+  std::string text(file.heading);
   text.push_back('\n');
-  for (const Row& row : rows) {
-    appendRow(text, row);
-    text.push_back('\n');
-  }
-  return Bytes(text.begin(), text.end());
+  for (const Row& row : rows) text.append(line(row)).push_back('\n');
+  return {folder / file.name, Bytes(text.begin(), text.end()), {}};
 }
 
 template <class Number>
@@ -61,25 +59,14 @@ void Sort(Tables& tables, Collation& collation) {
 
 std::vector<NewFile> TableFiles(const Tables& tables, const std::filesystem::path& folder) {
   const auto code = [](std::int32_t value) { return ToUtf8(PostalCodeText(value)); };
-  std::vector<NewFile> files;
-  files.push_back({folder / "obce.csv",
-                   CsvBytes("psc;obec;okres", tables.municipalities,
-                            [&](std::string& text, const MunicipalityRow& row) {
-                              text += code(row.code) + ";" + ToUtf8(row.name) + ";" + ToUtf8(row.district);
-                            }),
-                   {}});
-  files.push_back(
-      {folder / "posty.csv",
-       CsvBytes("psc;posta", tables.postOffices,
-                [&](std::string& text, const PostOfficeRow& row) { text += code(row.code) + ";" + ToUtf8(row.name); }),
-       {}});
-  files.push_back({folder / "okresy.csv",
-                   CsvBytes("kod;okres", tables.districts,
-                            [&](std::string& text, const DistrictRow& row) {
-                              text += std::to_string(row.code) + ";" + ToUtf8(row.name);
-                            }),
-                   {}});
-  return files;
+  return {Written(kMunicipalityTable, folder, tables.municipalities,
+                  [&](const MunicipalityRow& row) {
+                    return code(row.code) + ";" + ToUtf8(row.name) + ";" + ToUtf8(row.district);
+                  }),
+          Written(kPostOfficeTable, folder, tables.postOffices,
+                  [&](const PostOfficeRow& row) { return code(row.code) + ";" + ToUtf8(row.name); }),
+          Written(kDistrictTable, folder, tables.districts,
+                  [](const DistrictRow& row) { return std::to_string(row.code) + ";" + ToUtf8(row.name); })};
 }
 
 std::optional<std::int32_t> ParsePostalCode(std::wstring_view text) {
@@ -93,6 +80,9 @@ std::wstring PostalCodeText(std::int32_t code) {
   return digits;
 }
 
-std::optional<std::int16_t> ParseDistrictCode(std::wstring_view text) { return ParseNumber<std::int16_t>(text); }
+std::optional<std::int16_t> ParseDistrictCode(std::wstring_view text) {
+  const auto code = ParseNumber<std::int16_t>(text);
+  return code && *code >= 0 ? code : std::nullopt;
+}
 
 }  // namespace kvez

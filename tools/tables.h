@@ -27,12 +27,22 @@ struct DistrictRow {
   std::wstring name;
 };
 
-/// The project's three tables: obce.csv, posty.csv and okresy.csv.
+/// The project's three tables.
 struct Tables {
   std::vector<MunicipalityRow> municipalities;
   std::vector<PostOfficeRow> postOffices;
   std::vector<DistrictRow> districts;
 };
+
+/// The file of a table, and the heading of its columns.
+struct TableFile {
+  const char* name;
+  std::string_view heading;
+};
+
+inline constexpr TableFile kMunicipalityTable = {"obce.csv", "psc;obec;okres"};
+inline constexpr TableFile kPostOfficeTable = {"posty.csv", "psc;posta"};
+inline constexpr TableFile kDistrictTable = {"okresy.csv", "kod;okres"};
 
 /// The Czech order by name, then by code; rows that the order calls equal come as their characters do.
 void Sort(Tables& tables, Collation& collation);
@@ -55,7 +65,7 @@ Tables ReadTables(const std::filesystem::path& folder);
 std::optional<std::int32_t> ParsePostalCode(std::wstring_view text);
 std::wstring PostalCodeText(std::int32_t code);
 
-/// A decimal number that fits 16 bits with a sign. Anything else gives nothing.
+/// A decimal number from 0 to 32767, which fits 16 bits with a sign. Anything else gives nothing.
 std::optional<std::int16_t> ParseDistrictCode(std::wstring_view text);
 
 }  // namespace kvez
