@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "database/application.h"
+#include "database/data_files.h"
 #include "forms/input_gate.h"
 #include "mainwindow/addresses.h"
 #include "mainwindow/frmhlavni.h"
@@ -17,15 +18,15 @@ namespace kvez {
 namespace {
 
 struct UpdateFile {
-  const wchar_t* name;
+  const DataFile& data;
   const wchar_t* status;
 };
 
 // The municipalities come last: their download decides what becomes of the update.
 constexpr std::array<UpdateFile, 3> kUpdateFiles = {{
-    {L"vd3.kl_", L"Bylo zahájeno stažení aktuálního datového souboru okresy."},
-    {L"vd2.kl_", L"Bylo zahájeno stažení aktuálního datového souboru dodací pošty."},
-    {L"vd1.kl_", L"Bylo zahájeno stažení aktuálního datového souboru PSČ."},
+    {kDistrictFile, L"Bylo zahájeno stažení aktuálního datového souboru okresy."},
+    {kPostOfficeFile, L"Bylo zahájeno stažení aktuálního datového souboru dodací pošty."},
+    {kMunicipalityFile, L"Bylo zahájeno stažení aktuálního datového souboru PSČ."},
 }};
 
 constexpr const wchar_t* kHelpFile = L"kvez.chm";
@@ -47,7 +48,8 @@ void frmhlavni::tlHAktualizace_Click() {
   for (const UpdateFile& file : kUpdateFiles) {
     LongWork work(*this);
     // Only the last result is looked at, on purpose: what the other two files hold is for their loading to judge.
-    result = DownloadWithStatus(file.name, m_services.ProgramFolder() + L"\\" + file.name, file.status, work);
+    const std::wstring path = m_services.ProgramFolder() + std::wstring(file.data.compressed);
+    result = DownloadWithStatus(std::wstring(file.data.Name()), path, file.status, work);
     // The session ends: there is nobody left to download for, and nothing to say.
     if (!IsOpen()) return;
     wasEnded = work.WasEnded();

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <lzexpand.h>
-
 #include <new>
 #include <utility>
 #include <vector>
@@ -16,37 +14,38 @@ namespace {
 
 std::int32_t Write(const std::vector<std::uint8_t>& bytes, HANDLE target) {
   DWORD written = 0;
-  if (!WriteFile(target, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) return LZERROR_WRITE;
-  return written == bytes.size() ? static_cast<std::int32_t>(written) : LZERROR_WRITE;
+  if (!WriteFile(target, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
+    return LzExpansion::kWriteError;
+  return written == bytes.size() ? static_cast<std::int32_t>(written) : LzExpansion::kWriteError;
 }
 
 }  // namespace
 
 std::int32_t LongPathLzLibrary::OpenFile(const std::wstring& path, LzMode mode) {
-  if (mode == LzMode::Delete) return DeleteFileW(path.c_str()) ? 0 : LZERROR_BADINHANDLE;
+  if (mode == LzMode::Delete) return DeleteFileW(path.c_str()) ? 0 : LzExpansion::kBadSource;
   const bool create = mode == LzMode::Create;
   const auto open = [&] {
     return CreateFileW(path.c_str(), create ? GENERIC_WRITE : GENERIC_READ, create ? 0 : FILE_SHARE_READ, nullptr,
                        create ? CREATE_ALWAYS : OPEN_EXISTING, 0, nullptr);
   };
   OwnedFile file(m_patience.OpenPatiently(open, INVALID_HANDLE_VALUE));
-  if (!file) return create ? LZERROR_BADOUTHANDLE : LZERROR_BADINHANDLE;
+  if (!file) return create ? LzExpansion::kBadTarget : LzExpansion::kBadSource;
   m_open.emplace(++m_lastHandle, std::move(file));
   return m_lastHandle;
 }
 
 std::int32_t LongPathLzLibrary::Copy(std::int32_t source, std::int32_t target) {
   const auto from = m_open.find(source);
-  if (from == m_open.end()) return LZERROR_BADINHANDLE;
+  if (from == m_open.end()) return LzExpansion::kBadSource;
   const auto to = m_open.find(target);
-  if (to == m_open.end()) return LZERROR_BADOUTHANDLE;
+  if (to == m_open.end()) return LzExpansion::kBadTarget;
   try {
     auto file = ReadWholeFile(from->second.Get());
-    if (!file) return LZERROR_READ;
+    if (!file) return LzExpansion::kReadError;
     const LzExpansion expansion = ExpandAsLibrary(std::move(*file));
     return expansion.result < 0 ? expansion.result : Write(expansion.bytes, to->second.Get());
   } catch (const std::bad_alloc&) {
-    return LZERROR_GLOBALLOC;
+    return LzExpansion::kNoMemory;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/durable_files.h"
+#include "platform/windows/file_names.h"
 #include "platform/windows/owned.h"
 
 namespace kvez::durable {
@@ -40,8 +41,6 @@ HANDLE Hold(const FilePath& file, DWORD disposition) {
       .TakeOwnership();
 }
 
-bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
-
 }  // namespace
 
 Answer MakeFile(const FilePath& file, std::span<const std::uint8_t> bytes) {
@@ -57,11 +56,9 @@ bool Link(const FilePath& file, const FilePath& secondName) {
   return CreateHardLinkW(secondName.c_str(), file.c_str(), nullptr) != FALSE;
 }
 
-bool Rename(const FilePath& from, const FilePath& to) {
-  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
-}
+bool Rename(const FilePath& from, const FilePath& to) { return kvez::Rename(from.native(), to.native()); }
 
-bool Remove(const FilePath& file) { return DeleteFileW(file.c_str()) || IsMissing(GetLastError()); }
+bool Remove(const FilePath& file) { return kvez::Remove(file.native()); }
 
 Answer Look(const FilePath& file) {
   if (GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES) return Answer::Yes;

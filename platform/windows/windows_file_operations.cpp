@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/windows/file_aside.h"
+#include "platform/windows/file_names.h"
 
 namespace kvez {
 namespace {
@@ -46,9 +46,7 @@ bool WindowsFileOperations::Move(const std::wstring& from, const std::wstring& t
 
 bool WindowsFileOperations::Remove(const std::wstring& path) {
   m_held.erase(path);
-  if (DeleteFileW(path.c_str())) return true;
-  const DWORD error = GetLastError();
-  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+  return kvez::Remove(path);
 }
 
 }  // namespace kvez

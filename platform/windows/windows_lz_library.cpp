@@ -20,6 +20,11 @@ namespace {
 // The handles of long paths are told from the system's by this offset, far above what either hands out.
 constexpr std::int32_t kLongPathHandles = 0x40000000;
 
+static_assert(LzExpansion::kBadSource == LZERROR_BADINHANDLE && LzExpansion::kBadTarget == LZERROR_BADOUTHANDLE &&
+              LzExpansion::kReadError == LZERROR_READ && LzExpansion::kWriteError == LZERROR_WRITE &&
+              LzExpansion::kNoMemory == LZERROR_GLOBALLOC && LzExpansion::kBadValue == LZERROR_BADVALUE &&
+              LzExpansion::kUnknownAlgorithm == LZERROR_UNKNOWNALG);
+
 /// The system's library, from the first call on.
 struct SystemLz {
   HMODULE library = LoadSystemLibrary(L"lz32.dll");
@@ -72,12 +77,12 @@ INT OpenForReading(const std::wstring& path, std::string& bytes) {
 std::int32_t ExpectedResult(const std::wstring& path) {
   const OwnedFile compressed(
       CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
-  if (!compressed) return LZERROR_READ;
+  if (!compressed) return LzExpansion::kReadError;
   try {
     auto file = ReadWholeFile(compressed.Get());
-    return file ? ExpandAsLibrary(std::move(*file)).result : LZERROR_READ;
+    return file ? ExpandAsLibrary(std::move(*file)).result : LzExpansion::kReadError;
   } catch (const std::bad_alloc&) {
-    return LZERROR_GLOBALLOC;
+    return LzExpansion::kNoMemory;
   }
 }
 
@@ -114,18 +119,18 @@ std::int32_t WindowsLzLibrary::OpenThroughSystem(const std::wstring& path, std::
 }
 
 std::int32_t WindowsLzLibrary::Copy(std::int32_t source, std::int32_t target) {
-  if (source < 0) return LZERROR_BADINHANDLE;
-  if (target < 0) return LZERROR_BADOUTHANDLE;
+  if (source < 0) return LzExpansion::kBadSource;
+  if (target < 0) return LzExpansion::kBadTarget;
   if (source >= kLongPathHandles && target >= kLongPathHandles) {
     return m_longPaths.Copy(source - kLongPathHandles, target - kLongPathHandles);
   }
   const auto open = m_open.find(source);
-  if (open == m_open.end()) return LZERROR_BADINHANDLE;
+  if (open == m_open.end()) return LzExpansion::kBadSource;
   // The system's library takes some damaged files for good ones: cut ones, and such with a byte too many.
   const std::int32_t expected = ExpectedResult(open->second);
   if (expected <= 0) return expected;
   const std::int32_t written = Lz().copy(source, target);
-  return written < 0 || written == expected ? written : LZERROR_READ;
+  return written < 0 || written == expected ? written : LzExpansion::kReadError;
 }
 
 void WindowsLzLibrary::Close(std::int32_t handle) {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/windows/file_aside.h"
+#include "platform/windows/file_names.h"
 #include "platform/windows/owned.h"
 #include "platform/windows/system_code_page.h"
 #include "text/error.h"
