@@ -1,10 +1,11 @@
 // What the user of the window waits for: the start, the filling of the long list, a search of everything.
 //
 //   kvez_window_bench KVEZ_EXE BARE_EXE
+//   kvez_window_bench --starts KVEZ_EXE OTHER_KVEZ_EXE
 //
-// Prints each figure beside its limit. Pairs are measured in turn in one run, because machines are noisy: of starts,
-// which wait for other processes hundreds of times, the median counts; of the rest the best, which nothing else has
-// disturbed.
+// Prints each figure beside its limit; of two programs, by how much the other one starts later. Pairs are measured in
+// turn in one run, because machines are noisy: of starts, which wait for other processes hundreds of times, the median
+// counts; of the rest the best, which nothing else has disturbed.
 
 #include <cstdio>
 #include <filesystem>
@@ -102,6 +103,17 @@ void MeasureStart(const std::wstring& exe, const std::wstring& bare, Limits& lim
   limits.AtMost("start to ready, against a bare window", program.Milliseconds() / bareWindow.Milliseconds(), 1.5, "x");
 }
 
+void CompareStarts(const std::wstring& exe, const std::wstring& otherExe) {
+  Starts program("program");
+  Starts other("other program");
+  for (int round = 0; round < kStarts; ++round) {
+    StartProgram(exe, program);
+    StartProgram(otherExe, other);
+  }
+  std::printf("start: program %.0f ms, other program %.0f ms, which is %+.1f %%\n", program.Milliseconds(),
+              other.Milliseconds(), (other.Milliseconds() / program.Milliseconds() - 1) * 100);
+}
+
 void FillBare(HWND list, const std::vector<std::wstring>& names) {
   std::size_t characters = 0;
   for (const std::wstring& name : names) characters += name.size();
@@ -153,8 +165,12 @@ void MeasureWindow(const std::wstring& exe, Limits& limits) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
+  if (count == 4 && std::wstring_view(arguments[1]) == L"--starts") {
+    CompareStarts(arguments[2], arguments[3]);
+    return 0;
+  }
   if (count != 3) {
-    std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE\n");
+    std::printf("usage: kvez_window_bench KVEZ_EXE BARE_EXE | --starts KVEZ_EXE OTHER_KVEZ_EXE\n");
     return 1;
   }
   Limits limits;
