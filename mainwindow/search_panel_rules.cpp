@@ -8,10 +8,13 @@ namespace {
 constexpr std::array<std::wstring_view, 3> kHints = {
     L"Vyhledá obce se společným PSČ.", L"Vyhledá obce odpovídající zadanému textu.", L"Vyhledá obce v zadaném okrese."};
 
+// Enter is true with the search by itself, too, which waits for the release of its key.
 constexpr std::array<std::wstring_view, 3> kLightBlueField = {
-    L"Vypíše obce, jejichž PSČ začíná zadanými číslicemi. Klávesou Shift přejdete do druhého pole.",
-    L"Vybere v seznamu první obec, která začíná zadaným textem. Klávesou Shift přejdete do druhého pole.",
-    L"Vybere v seznamu první okres, který začíná zadaným textem."};
+    L"Zadejte začátek PSČ a stiskněte Enter: vypíší se obce, jejichž PSČ tak začíná. Klávesou Shift přejdete do "
+    L"druhého pole.",
+    L"Zadejte začátek názvu a stiskněte Enter: v seznamu se vybere první obec, která jím začíná. Klávesou Shift "
+    L"přejdete do druhého pole.",
+    L"Zadejte začátek názvu a stiskněte Enter: v seznamu se vybere první okres, který jím začíná."};
 constexpr std::wstring_view kLightBlueFieldWithoutMode = L"Nejdříve zvolte PSČ, Obec nebo Okres.";
 
 }  // namespace

@@ -47,12 +47,15 @@ TEST(SearchPanelRules, AboutTakesTheSearchAwayAndBringsItBack) {
 }
 
 TEST(SearchPanelRules, LightBlueFieldTellsWhatItDoesInTheMode) {
-  EXPECT_EQ(OfferOf({.mode = kModePostal}).lightBlueField,
-            L"Vypíše obce, jejichž PSČ začíná zadanými číslicemi. Klávesou Shift přejdete do druhého pole.");
+  EXPECT_EQ(
+      OfferOf({.mode = kModePostal}).lightBlueField,
+      L"Zadejte začátek PSČ a stiskněte Enter: vypíší se obce, jejichž PSČ tak začíná. Klávesou Shift přejdete do "
+      L"druhého pole.");
   EXPECT_EQ(OfferOf({.mode = kModeName}).lightBlueField,
-            L"Vybere v seznamu první obec, která začíná zadaným textem. Klávesou Shift přejdete do druhého pole.");
+            L"Zadejte začátek názvu a stiskněte Enter: v seznamu se vybere první obec, která jím začíná. Klávesou "
+            L"Shift přejdete do druhého pole.");
   EXPECT_EQ(OfferOf({.mode = kModeDistrict}).lightBlueField,
-            L"Vybere v seznamu první okres, který začíná zadaným textem.");
+            L"Zadejte začátek názvu a stiskněte Enter: v seznamu se vybere první okres, který jím začíná.");
   EXPECT_EQ(OfferOf({.mode = kModeName, .row = kListAll}).lightBlueField, L"Nejdříve zvolte PSČ, Obec nebo Okres.");
 }
 
