@@ -64,8 +64,8 @@ class tlText : public forms::Control {
   tlText() = default;
   ~tlText() override;
 
-  /// Makes the window, quickest when the properties are read before: then it is told each of them once. Only the
-  /// display name, the default caption, is not known before. `host` is the form itself when it is null; another one
+  /// Makes the window. Properties that are read before are told to it once. Only the display name, the default caption,
+  /// is not known before. `host` is the form itself when it is null; another one
   /// outlives the button.
   void Create(forms::Container& container, int id, const forms::Place& place, std::wstring_view displayName,
               tlTextHost* host = nullptr);

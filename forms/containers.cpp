@@ -47,7 +47,8 @@ void PictureBox::Create(Container& container, int id, const Place& place, Pictur
   const DWORD style = border == PictureBorder::Single ? DWORD{WS_BORDER} : 0UL;
   const DWORD extended = border == PictureBorder::Sunken ? DWORD{WS_EX_CLIENTEDGE} : 0UL;
   Parameters parameters = Prepare(container, id, place, style | WS_CLIPCHILDREN, extended | WS_EX_CONTROLPARENT);
-  // A progress bar draws a thousand times: fetching a device context each time would take longer than the drawing.
+  // Quick start: a progress bar draws a thousand times, and fetching a device context each time would take longer than
+  // the drawing.
   parameters.classStyle = CS_OWNDC;
   CreateOwn(L"KvezPicture", parameters);
   Finish();

@@ -356,7 +356,7 @@ LRESULT Control::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   // The system's control first: a list box selects, and so raises Click, before it tells of the button.
   const LRESULT result = Native(message, wParam, lParam);
   if (Handle() == nullptr) return result;
-  // Only now: windows open faster without forty tooltips that nobody has asked for.
+  // Quick start: not before, as nobody has asked for forty tooltips.
   if (message == WM_MOUSEMOVE && !m_hasToolTip && !ShownToolTip().empty()) m_hasToolTip = m_form->AddToolTip(*this);
   const float twipsPerPixel = m_form->TwipsPerPixel();
   const float x = static_cast<float>(static_cast<std::int16_t>(LOWORD(lParam))) * twipsPerPixel;

@@ -80,8 +80,8 @@ void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
   m_data.reserve(m_data.size() + rows);
   if (m_fillDepth++ == 0) {
     Native(WM_SETREDRAW, FALSE);
-    // The box itself holds back its rows only, not its scroll bars, which it draws at every change. For the system a
-    // window without WM_SETREDRAW is a hidden one.
+    // Quick start: the box itself holds back its rows only, not its scroll bars, which it draws at every change. For
+    // the system a window without WM_SETREDRAW is a hidden one.
     DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
   }
   m_drawsLater = false;

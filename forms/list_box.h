@@ -73,7 +73,7 @@ class ListBox : public EventControl {
  private:
   TextRuler m_ruler;
   std::wstring m_row;                // keeps its storage from row to row
-  std::vector<std::int32_t> m_data;  // kept here: half the time of a filling went into telling the system
+  std::vector<std::int32_t> m_data;  // Quick start: telling the system takes half a filling
   void DrawNow();
 
   /// The width of a sample text when the extent was set: how wide the font was.

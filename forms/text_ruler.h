@@ -10,8 +10,8 @@
 
 namespace kvez::forms {
 
-/// Widths of texts in one font. Measuring ten thousand names one by one takes longer than filling a list with them; a
-/// sum over a table of characters gives the very same widths, because the device does not kern.
+/// Widths of texts in one font. Quick start: measuring ten thousand names one by one takes longer than filling a list
+/// with them; a sum over a table of characters gives the very same widths, because the device does not kern.
 class TextRuler {
  public:
   TextRuler() { Forget(); }

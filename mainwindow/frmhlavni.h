@@ -121,7 +121,7 @@ class frmhlavni : public forms::Form, public ProgressWindow {
   // frmhlavni_layout
   void CreateMessagePanel();
   /// The About panel's buttons as they are designed. Their windows are made with the rest of the panel, when it is
-  /// shown for the first time: they would make the program start later.
+  /// shown for the first time: a screen reader would come across hidden ones.
   void DesignAboutPanel();
   void CreateAboutPanel();
   void CreateSearchPanel();

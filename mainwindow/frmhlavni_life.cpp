@@ -109,7 +109,8 @@ void frmhlavni::ShowMessage(std::wstring_view message) {
 }
 
 void frmhlavni::FillLists() {
-  // The long list is drawn when the panel no longer lies on it; each look of it takes as long as a thousand rows.
+  // Quick start: the long list is drawn when the panel no longer lies on it; each look of it takes as long as a
+  // thousand rows.
   const FillScope listIsDrawnOnce(lstMPSC[kListAll]);
   ShowIcon(StatusIcon::List);
   BeginStep(L"Vytváření uživatelského seznamu.", L"Strpení prosím, vytvářím seznam obcí.");

@@ -35,7 +35,7 @@ Function* SystemFunction(HMODULE library, const char* name) {
 
 /// A function that comes into the process with its first call: RequiredFunction<decltype(F)>(L"library.dll", "F")(...).
 /// Naming it in the program's imports would leave it to the loader where the library is taken from, and would end the
-/// process where there is none. Throws Error.
+/// process where there is none. Throws Error. Quick start: no library comes before it is needed.
 template <typename Function>
 Function& RequiredFunction(const wchar_t* library, const char* name) {
   const auto function = SystemFunction<Function>(LoadSystemLibrary(library), name);

@@ -20,7 +20,7 @@ constexpr DWORD kBetweenLooks = 50;
 constexpr std::uint64_t kToEndByItself = 300;  // with the next byte, if one comes
 constexpr std::uint64_t kToBeAborted = 5000;
 
-// Both libraries are loaded when the first download asks: they would make up half of the program's start.
+// Both libraries are loaded when the first download asks.
 
 template <typename Function, typename Character>
 BOOL Forget(const char* name, const Character* address) {
