@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -99,6 +100,46 @@ TEST(HelpPages, PicturesHaveTheirTrueSizesAndAWordForThoseWhoDoNotSeeThem) {
       EXPECT_EQ(After(picture, "alt=\"", "\"").size(), 1U) << page << ": " << picture;
     }
   }
+}
+
+/// What the program's code says, one text behind the other, as it is shown.
+std::string TextsOfTheProgram() {
+  std::string texts;
+  for (const char* room : {"database", "forms", "mainwindow", "output", "platform", "settings"}) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(kHelp.parent_path() / room)) {
+      if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h") texts += Content(entry.path());
+    }
+  }
+  constexpr std::string_view kQuote = "\\\"";
+  for (auto at = texts.find(kQuote); at != std::string::npos; at = texts.find(kQuote, at)) texts.erase(at, 1);
+  return texts;
+}
+
+TEST(HelpPages, MessagesThatAreExplainedAreThoseOfTheProgram) {
+  constexpr std::string_view kCell = "<tr><td>";
+  constexpr std::string_view kEllipsis = "…";
+  const std::string program = TextsOfTheProgram();
+  const std::string page = Content(kHelp / "zpravy.html");
+  int parts = 0;
+  for (auto at = page.find(kCell); at != std::string::npos; at = page.find(kCell, at)) {
+    at += kCell.size();
+    std::string messages = page.substr(at, page.find("</td>", at) - at);
+    // Each part between what differs from time to time or comes from elsewhere, and between two messages of one row.
+    for (const std::string_view gap : {"<br>", "Kvez"}) {
+      for (auto mark = messages.find(gap); mark != std::string::npos; mark = messages.find(gap)) {
+        messages.replace(mark, gap.size(), kEllipsis);
+      }
+    }
+    for (std::size_t begin = 0; begin < messages.size();) {
+      const std::size_t end = std::min(messages.find(kEllipsis, begin), messages.size());
+      const std::string part = messages.substr(begin, end - begin);
+      begin = end + kEllipsis.size();
+      if (part.size() < 2) continue;
+      EXPECT_NE(program.find(part), std::string::npos) << part;
+      ++parts;
+    }
+  }
+  EXPECT_GT(parts, 30);
 }
 
 }  // namespace
