@@ -147,6 +147,9 @@ class Control : public Window {
   virtual void OnCommand(UINT notification);
   virtual LRESULT OnColor(HDC context);
 
+  /// In a mouse event: the pointer is not where it was seen before. The system also sends movements without one.
+  bool PointerHasMoved() const { return m_pointerHasMoved; }
+
  protected:
   friend class Form;
 
@@ -163,8 +166,6 @@ class Control : public Window {
   virtual void OnMouseDown(std::int16_t, std::int16_t, float, float) {}
   virtual void OnMouseMove(std::int16_t, std::int16_t, float, float) {}
   virtual void OnMouseUp(std::int16_t, std::int16_t, float, float) {}
-  /// In a mouse event: the pointer is not where it was seen before. The system also sends movements without one.
-  bool PointerHasMoved() const { return m_pointerHasMoved; }
   virtual void OnGotFocus() {}
   virtual void OnLostFocus() {}
   /// The window, its scaling or its font has a new size.

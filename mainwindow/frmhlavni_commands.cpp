@@ -53,6 +53,8 @@ void frmhlavni::tlH_MouseMoveEnabled(const tlText& button, StatusIcon icon, bool
   // What goes on is more than what a button would do.
   if (m_work != nullptr) return;
   if (!mme) return ClearMessage();
+  // A question has gone from over a pointer that rests here: what its answer has led to is more than a hint.
+  if (messageTimer.IsRunning() && !button.PointerHasMoved()) return;
   ShowIcon(icon);
   m_statusBar.SetText(button.ToolTipText(), kMessagePanel, 0);
 }

@@ -137,6 +137,24 @@ TEST_F(PanelState, WhatElseTheStatusBarSaysOutlastsTheMode) {
   EXPECT_EQ(Status(), L"Byla zachována původní databáze.");
 }
 
+TEST_F(PanelState, APointerThatRestsOnAButtonLeavesWhatHasJustBeenSaid) {
+  frmhlavni& window = OpenInFront();
+  const HWND button = window.tlHAktualizace.Handle();
+  test::PointAt(test::CenterOf(button));
+  // A question takes the pointer, and gives the window back when it is answered.
+  ReleaseCapture();
+  m_commands.downloader.results = {{L"vd1.kl_", 1}};
+  PressKey('A', false, false, true);
+  SendMessageW(window.Handle(), WM_ACTIVATE, WA_ACTIVE, 0);
+  POINT place = test::CenterOf(button);
+  ScreenToClient(button, &place);
+  SendMessageW(button, WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+  EXPECT_EQ(Status(), L"Byla zachována původní databáze.");
+  PointAside();
+  test::PointAt(test::CenterOf(button));
+  EXPECT_EQ(Status(), window.tlHAktualizace.ToolTipText());
+}
+
 TEST_F(PanelState, ASearchEndsTheDeferredOne) {
   frmhlavni& window = OpenSearchingWhileTyping();
   ClickOn(window.optMPSC[0]);
