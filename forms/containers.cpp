@@ -8,6 +8,7 @@
 #include "forms/client_area.h"
 #include "forms/form.h"
 #include "platform/windows/owned.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 void Frame::Create(Container& container, int id, const Place& place, std::wstring_view caption) {
@@ -63,6 +64,7 @@ float PictureBox::ScaleHeight() const {
 }
 
 void PictureBox::FillRectangle(float left, float top, float right, float bottom) {
+  Assert(left <= right && top <= bottom, "the corners are in their order");
   const Filled filled{left, top, right, bottom, ForeColor()};
   const RECT pixels = ToPixels(filled);
   RECT fresh = pixels;

@@ -46,6 +46,7 @@ Window::Parameters Control::Prepare(Container& container, int id, const Place& p
                                     DWORD extendedStyle) {
   m_form = &container.OwnerForm();
   m_parent = container.ContainerHandle();
+  Assert(m_parent != nullptr, "the container is there before its controls");
   m_place = place;
   Parameters parameters;
   parameters.style = style | WS_CHILD | WS_CLIPSIBLINGS | (m_visible ? DWORD{WS_VISIBLE} : 0UL) |
@@ -165,6 +166,7 @@ HBRUSH Control::BackBrush() const {
 }
 
 void Control::SetFontStyle(FontStyle style) {
+  Assert(style.percent > 0, "a font has a size");
   if (style == m_fontStyle) return;
   m_fontStyle = style;
   ApplyFont();

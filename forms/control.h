@@ -12,6 +12,7 @@
 #include "forms/events.h"
 #include "forms/window.h"
 #include "platform/windows/owned.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 
@@ -67,7 +68,11 @@ class Control : public Window {
   Control() = default;
   ~Control() override;
 
-  Form& OwnerForm() const { return *m_form; }
+  /// From Create to the form's end.
+  Form& OwnerForm() const {
+    Assert(m_form != nullptr, "the control is on a form");
+    return *m_form;
+  }
 
   const Place& GetPlace() const { return m_place; }
   void Move(const Place& place);

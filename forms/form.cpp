@@ -9,6 +9,7 @@
 #include "forms/menu_letter.h"
 #include "forms/mouse_pointer.h"
 #include "forms/pointer.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 namespace {
@@ -59,6 +60,8 @@ Form::Form(const FormDesign& design)
 }
 
 Form::~Form() {
+  Assert(!m_loading && !m_asking && !m_unloading, "a form is not deleted in one of its own events");
+  Assert(m_pauses == 0, "a form outlives its pauses");
   for (Timer* timer : m_timers) timer->m_form = nullptr;
   for (Control* control : m_controls) control->m_form = nullptr;
   DestroyHandle();

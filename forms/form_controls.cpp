@@ -8,6 +8,7 @@
 #include "forms/form.h"
 #include "forms/text_ruler.h"
 #include "forms/tool_tip_text.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 namespace {
@@ -34,10 +35,11 @@ TTTOOLINFOW ToolInfo(Control& control, std::wstring& text) {
 void Form::Register(Control& control) { m_controls.push_back(&control); }
 
 void Form::Unregister(Control& control) {
-  std::erase(m_controls, &control);
+  const std::size_t known = std::erase(m_controls, &control);
+  Assert(known == 1, "the form knows the control");
   if (m_defaultButton == &control) m_defaultButton = nullptr;
-  for (Control** known : {&m_cancelButton, &m_frontPanel, &m_handedFrom, &m_handedTo}) {
-    if (*known == &control) *known = nullptr;
+  for (Control** kept : {&m_cancelButton, &m_frontPanel, &m_handedFrom, &m_handedTo}) {
+    if (*kept == &control) *kept = nullptr;
   }
 }
 

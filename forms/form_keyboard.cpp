@@ -124,6 +124,7 @@ void Form::PreviewKey(std::int16_t& keyCode, std::int16_t shift) {
 }
 
 void Form::HandFocusOver(Control& from, Control& to) {
+  Assert(&from.OwnerForm() == this && &to.OwnerForm() == this, "both controls are of this form");
   // Not every keyboard says that it only repeats a Shift that is held.
   if (m_handedFrom != nullptr && GetKeyState(VK_SHIFT) < 0) return;
   to.SetFocus();

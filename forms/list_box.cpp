@@ -11,6 +11,7 @@
 #include "forms/input_gate.h"
 #include "forms/private_messages.h"
 #include "forms/reach.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 namespace {
@@ -69,10 +70,13 @@ void ListBox::AddRow(std::wstring_view text, std::int32_t data) {
   if (Handle() == nullptr) return;
   m_row.assign(text);
   m_data.push_back(data);
-  if (Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str())) >= 0) return;
-  // A row that the box has no room for: the others would look like all of them.
-  m_data.pop_back();
-  throw std::bad_alloc();
+  const LRESULT row = Native(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(m_row.c_str()));
+  if (row < 0) {
+    // A row that the box has no room for: the others would look like all of them.
+    m_data.pop_back();
+    throw std::bad_alloc();
+  }
+  Assert(static_cast<std::size_t>(row) + 1 == m_data.size(), "a row's number has the row's place");
 }
 
 void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
@@ -90,6 +94,7 @@ void ListBox::BeginFill(std::size_t rows, std::size_t characters) {
 }
 
 void ListBox::EndFill() {
+  Assert(m_fillDepth > 0, "EndFill comes after its BeginFill");
   if (m_fillDepth == 0 || --m_fillDepth > 0) return;
   DrawNow();
 }
@@ -122,6 +127,7 @@ int ListBox::ItemFromPoint(int x, int y) const {
 }
 
 RECT ListBox::RowRectangle(int row) const {
+  Assert(row >= 0 && row < ListCount(), "the row is one of the list's");
   RECT rectangle{};
   Native(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rectangle));
   return rectangle;

@@ -1,6 +1,7 @@
 #include "forms/timer.h"
 
 #include "forms/form.h"
+#include "text/assertion.h"
 
 namespace kvez::forms {
 
@@ -11,6 +12,7 @@ Timer::~Timer() {
 }
 
 void Timer::Create(Form& form, unsigned intervalMilliseconds, bool enabled) {
+  Assert(m_form == nullptr, "a timer is created once");
   m_form = &form;
   m_interval = intervalMilliseconds;
   form.RegisterTimer(*this);

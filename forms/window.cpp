@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "forms/guard.h"
+#include "text/assertion.h"
 #include "text/error.h"
 
 namespace kvez::forms {
@@ -13,6 +14,8 @@ namespace {
 // reflects. Never destroyed: windows may outlive the static objects.
 std::unordered_map<HWND, Window*>& Windows() {
   static auto* const windows = new std::unordered_map<HWND, Window*>;
+  static const DWORD thread = GetCurrentThreadId();
+  Assert(GetCurrentThreadId() == thread, "all windows are of one thread");
   return *windows;
 }
 
@@ -39,8 +42,9 @@ void RegisterOnce(const wchar_t* className, UINT style, const wchar_t* icon, WND
 Window::~Window() { DestroyHandle(); }
 
 Window* Window::FromHandle(HWND handle) {
-  const auto found = Windows().find(handle);
-  return found != Windows().end() ? found->second : nullptr;
+  const auto& windows = Windows();
+  const auto found = windows.find(handle);
+  return found != windows.end() ? found->second : nullptr;
 }
 
 void Window::CreateOwn(const wchar_t* className, const Parameters& parameters) {
@@ -100,6 +104,7 @@ LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Window::Attach(HWND handle) {
+  Assert(m_handle == nullptr, "an object has one window at a time");
   m_handle = handle;
   Windows()[handle] = this;
 }

@@ -6,6 +6,7 @@
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
+#include "text/assertion.h"
 
 namespace kvez {
 
@@ -142,6 +143,7 @@ void frmhlavni::CentreMessagePanel() {
 }
 
 void frmhlavni::Prubech(float fraction) {
+  Assert(fraction >= 0 && fraction <= 1, "progress is a part of the whole");
   picZpravaI.FillRectangle(0, 0, picZpravaI.ScaleWidth() * fraction, picZpravaI.ScaleHeight());
   // Whoever reports the progress knows what to do when it fails.
   if (m_work != nullptr && !m_work->GoesOn()) throw WorkIsEnded();

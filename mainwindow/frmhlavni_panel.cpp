@@ -5,6 +5,7 @@
 
 #include "database/search_offer.h"
 #include "mainwindow/frmhlavni.h"
+#include "text/assertion.h"
 
 namespace kvez {
 
@@ -66,6 +67,7 @@ void frmhlavni::LeaveTypingModes() {
 }
 
 void frmhlavni::ChooseRow(std::size_t list) {
+  Assert(list < lstMPSC.size(), "the list is one of the three");
   m_chosenRow = static_cast<List>(list);
   m_searchingResumed = false;
 }
@@ -81,6 +83,7 @@ void frmhlavni::ResumeSearching() {
 
 void frmhlavni::StandOnSelectedResult() {
   const forms::ListBox& list = lstMPSC[kListResult];
+  Assert(list.ListCount() == m_database.pCelkem(), "the result list shows the result");
   m_database.pDetail(list.ListIndex() >= 0 ? list.ItemData(list.ListIndex()) : 0);
 }
 

@@ -4,6 +4,7 @@
 #include "mainwindow/frmhlavni.h"
 #include "mainwindow/scopes.h"
 #include "mainwindow/search_rules.h"
+#include "text/assertion.h"
 
 namespace kvez {
 namespace {
@@ -19,6 +20,7 @@ constexpr std::int16_t kSearchWhileTyping = 2;
 }  // namespace
 
 void frmhlavni::optMPSC_Click(std::size_t index) {
+  Assert(index < optMPSC.size(), "the option button is one of the three modes");
   ShowIcon(StatusIcon::Program);
   EndDeferredSearch();
   m_mode = static_cast<SearchMode>(index);

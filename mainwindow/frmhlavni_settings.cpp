@@ -4,11 +4,13 @@
 
 #include "database/application.h"
 #include "mainwindow/frmhlavni.h"
+#include "text/assertion.h"
 #include "text/error.h"
 
 namespace kvez {
 
 bool frmhlavni::IsSet(std::int16_t setting) {
+  Assert(setting >= 0 && static_cast<std::size_t>(setting) < m_settingTold.size(), "the setting is one of the three");
   bool& told = m_settingTold[static_cast<std::size_t>(setting)];
   try {
     const bool isSet = m_database.vGetNastaveniRegistr(setting) != 0;

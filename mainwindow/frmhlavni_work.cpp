@@ -4,6 +4,7 @@
 
 #include "forms/message_loop.h"
 #include "mainwindow/frmhlavni.h"
+#include "text/assertion.h"
 
 namespace kvez {
 namespace {
@@ -15,7 +16,10 @@ constexpr std::uint64_t kBetweenLooks = 20;  // milliseconds
 
 LongWork::LongWork(frmhlavni& window) : m_window(window), m_around(std::exchange(window.m_work, this)) {}
 
-LongWork::~LongWork() { m_window.m_work = m_around; }
+LongWork::~LongWork() {
+  Assert(m_window.m_work == this, "work within other work ends before it");
+  m_window.m_work = m_around;
+}
 
 bool LongWork::GoesOn() {
   Clock& clock = m_window.m_platform.output.clock;

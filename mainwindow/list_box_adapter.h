@@ -2,6 +2,7 @@
 
 #include "database/list_box.h"
 #include "forms/list_box.h"
+#include "text/assertion.h"
 
 namespace kvez {
 
@@ -13,7 +14,10 @@ class ListBoxAdapter : public ListBox {
   void Clear() override { m_box.Clear(); }
   void BeginFill(std::size_t rows, std::size_t characters) override { m_box.BeginFill(rows, characters); }
   void EndFill() override { m_box.EndFill(); }
-  void AddRow(std::wstring_view text, std::int32_t data) override { m_box.AddRow(text, data); }
+  void AddRow(std::wstring_view text, std::int32_t data) override {
+    Assert(data > 0, "a row's number is a position, which counts from 1");
+    m_box.AddRow(text, data);
+  }
   int TextWidth(std::wstring_view text) override { return m_box.TextWidth(text); }
   void SetHorizontalExtent(int pixels) override { m_box.SetHorizontalExtent(pixels); }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/assertion.h"
+
 namespace kvez {
 namespace {
 
@@ -11,6 +13,7 @@ MessageTimer* theTimer = nullptr;
 }  // namespace
 
 void MessageTimer::Start(std::function<void()> action) {
+  Assert(action != nullptr, "there is something to do when the time is over");
   if (theTimer != nullptr) theTimer->Stop();
   m_timer = SetTimer(nullptr, 0, m_interval, &MessageTimer::Procedure);
   if (m_timer == 0) return;

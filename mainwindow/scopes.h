@@ -3,6 +3,7 @@
 #include "forms/control.h"
 #include "forms/list_box.h"
 #include "forms/mouse_pointer.h"
+#include "text/assertion.h"
 
 namespace kvez {
 
@@ -42,7 +43,10 @@ class FillScope {
 /// A flag that is true for as long as the object lives.
 class BusyScope {
  public:
-  explicit BusyScope(bool& flag) : m_flag(flag) { m_flag = true; }
+  explicit BusyScope(bool& flag) : m_flag(flag) {
+    Assert(!flag, "one search at a time");
+    m_flag = true;
+  }
   BusyScope(const BusyScope&) = delete;
   BusyScope& operator=(const BusyScope&) = delete;
   ~BusyScope() { m_flag = false; }

@@ -6,6 +6,7 @@
 #include "mainwindow/clock_texts.h"
 #include "mainwindow/statusbar_font.h"
 #include "platform/windows/system_code_page.h"
+#include "text/assertion.h"
 
 namespace kvez {
 namespace {
@@ -96,6 +97,7 @@ void StatusBar::WriteClock() {
 }
 
 void StatusBar::SetText(std::wstring_view text, StatusPanel panel, std::int32_t flags) {
+  Assert((flags & 0xFF) == 0, "the flags leave the panel's number alone");
   if (!IsWindow(m_window)) return;
   const bool isMessage = panel == kMessagePanel;
   if (isMessage) {

@@ -7,6 +7,7 @@
 #include "database/application.h"
 #include "forms/mouse_pointer.h"
 #include "forms/text_ruler.h"
+#include "text/assertion.h"
 #include "text/error.h"
 
 namespace kvez {
@@ -81,6 +82,7 @@ void frmnastaveni::Form_KeyDown(std::int16_t& KeyCode, std::int16_t) {
 
 // Ticking a box raises chkN_Click, which must not write what is only being read.
 void frmnastaveni::ShowStored(std::int16_t Index) {
+  Assert(Index >= 0 && static_cast<std::size_t>(Index) < chkN.size(), "the setting is one of the three");
   const OnlyShowing nothingIsWritten;
   std::int16_t value = 0;
   try {

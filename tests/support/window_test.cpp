@@ -1,12 +1,17 @@
 #include "tests/support/window_test.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 
 #include "forms/message_loop.h"
 #include "tests/support/waiting.h"
+#include "text/assertion.h"
 
 namespace kvez::test {
 namespace {
+
+const AssertionHandler kNobody = SetAssertionHandler([](const char* what) { ADD_FAILURE() << "not so: " << what; });
 
 // Marks the end of the input sent so far. Keys that no keyboard has are nobody's access keys.
 constexpr WORD kMarkerKey = VK_F24;

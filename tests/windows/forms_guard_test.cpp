@@ -1,9 +1,11 @@
 // What becomes of errors in events.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "forms/containers.h"
@@ -11,6 +13,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "tests/support/window_test.h"
+#include "text/assertion.h"
 #include "text/error.h"
 
 namespace kvez::forms {
@@ -88,6 +91,18 @@ TEST_F(GuardTest, WindowThatCannotPaintDoesNotAskForEver) {
   EXPECT_FALSE(GetUpdateRect(picture.Handle(), nullptr, FALSE));
   EXPECT_GE(shown.size(), 1U);
   EXPECT_LT(shown.size(), 5U);
+}
+
+TEST(WindowsOfOneThread, AnotherOneThatAsksForThemIsAsserted) {
+  const TestForm form;
+  static std::atomic<int> told;
+  told = 0;
+  const AssertionHandler before = SetAssertionHandler([](const char*) { ++told; });
+  std::thread([&] { Window::FromHandle(form.Handle()); }).join();
+  EXPECT_EQ(told, 1);
+  Window::FromHandle(form.Handle());
+  EXPECT_EQ(told, 1);
+  SetAssertionHandler(before);
 }
 
 TEST(GuardBox, IsAMessageBoxWithTheTitle) {

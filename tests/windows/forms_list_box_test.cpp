@@ -1,4 +1,5 @@
 // The list box.
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include "forms/list_box.h"
@@ -173,8 +174,17 @@ TEST_F(ListBoxTest, FillingIsNotDrawnUntilItsEnd) {
   EXPECT_FALSE(GetUpdateRect(list.Handle(), nullptr, FALSE));
   list.EndFill();
   EXPECT_TRUE(GetUpdateRect(list.Handle(), nullptr, FALSE));
-  list.EndFill();  // one too many changes nothing
   EXPECT_EQ(list.ListCount(), 1);
+}
+
+TEST_F(ListBoxTest, WhatItReliesOnIsAsserted) {
+  Fill(3);
+  EXPECT_NONFATAL_FAILURE(list.EndFill(), "EndFill comes after its BeginFill");
+  EXPECT_NONFATAL_FAILURE(list.RowRectangle(3), "the row is one of the list's");
+  EXPECT_NONFATAL_FAILURE(list.RowRectangle(-1), "the row is one of the list's");
+  // And it goes on.
+  Fill(1);
+  EXPECT_EQ(list.ListCount(), 4);
 }
 
 TEST_F(ListBoxTest, ScrollBarsAreNotDrawnWhileItIsFilled) {
