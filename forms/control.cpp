@@ -80,6 +80,7 @@ void Control::ApplyPlace() {
 void Control::Rescale() {
   ApplyFont();
   ApplyPlace();
+  RenewToolTip();
 }
 
 void Control::SetVisible(bool visible) {
@@ -122,7 +123,7 @@ void Control::SetToolTipText(std::wstring_view text) {
 }
 
 void Control::RenewToolTip() {
-  if (m_hasToolTip && Handle() != nullptr) m_form->ChangeToolTip(*this);
+  if (m_hasToolTip && Handle() != nullptr) m_form->m_toolTip.Renew(*this);
 }
 
 COLORREF Control::BackColor() const { return m_backColor.value_or(DefaultBackColor()); }
@@ -359,7 +360,7 @@ LRESULT Control::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   const LRESULT result = Native(message, wParam, lParam);
   if (Handle() == nullptr) return result;
   // Quick start: not before, as nobody has asked for forty tooltips.
-  if (message == WM_MOUSEMOVE && !m_hasToolTip && !ShownToolTip().empty()) m_hasToolTip = m_form->AddToolTip(*this);
+  if (message == WM_MOUSEMOVE && !m_hasToolTip) m_hasToolTip = m_form->m_toolTip.Watch(*this);
   const float twipsPerPixel = m_form->TwipsPerPixel();
   const float x = static_cast<float>(static_cast<std::int16_t>(LOWORD(lParam))) * twipsPerPixel;
   const float y = static_cast<float>(static_cast<std::int16_t>(HIWORD(lParam))) * twipsPerPixel;

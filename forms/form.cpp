@@ -123,7 +123,6 @@ bool Form::AsksToUnload(UnloadMode mode) {
 bool Form::DestroyAndTerminate() {
   for (Timer* timer : m_timers) timer->SetEnabled(false);
   DestroyHandle();
-  m_toolTip = nullptr;
   Guarded([this] { Form_Terminate(); });
   return true;
 }

@@ -9,6 +9,7 @@
 
 #include "forms/control.h"
 #include "forms/timer.h"
+#include "forms/tool_tip.h"
 #include "forms/window.h"
 #include "platform/windows/owned.h"
 
@@ -41,7 +42,9 @@ struct FormDesign {
 ///   }
 ///
 /// Load (or the first Show) then runs Form_Load. A form outlives its window: after Unload its controls are empty shells
-/// that ignore what they are told. It must not be deleted inside one of its own events.
+/// that ignore what they are told. It must not be deleted inside one of its own events. Its parts are in files of their
+/// own: form (its life, its messages), form_controls (what lies on it), form_keyboard (keys, focus), form_scaling (size
+/// and font).
 class Form : public Window, public Container {
  public:
   /// Creates the hidden window in the middle of its owner, or of the screen that the system has chosen for it.
@@ -146,86 +149,94 @@ class Form : public Window, public Container {
   friend class Control;
   friend class InputPause;
   friend class Timer;
+  friend class ToolTip;
 
+  // form
+  bool AsksToUnload(UnloadMode mode);
+  bool DestroyAndTerminate();
+  LRESULT OnQueryEndSession(bool critical);
+  void OnEndSession(bool ending);
+  LRESULT OnEraseBackground(HDC context);
+  void OnTimer(UINT_PTR id);
+  void ApplyIcons();
+
+  // form_controls
   void Register(Control& control);
   void Unregister(Control& control);
   void RegisterTimer(Timer& timer);
   void UnregisterTimer(Timer& timer);
-  /// Lets the tooltip watch over a control that the pointer has come to.
-  bool AddToolTip(Control& control);
-  /// After the text of a watched control has changed.
-  void ChangeToolTip(Control& control);
-  /// Asks Form_KeyDown when the preview is on.
-  void PreviewKey(std::int16_t& keyCode, std::int16_t shift);
-  void LeaveFocus(const Control& control);
-  /// After `control` has lost the focus to `taker`, which may be null or anybody's.
-  void KeepInMind(const Control& control, HWND taker);
   void NotifyShown(Control* within);
 
-  void OnDpiChanged(unsigned dpi, const RECT& suggested);
-  void OnActivate(bool active);
-  void OnSize(WPARAM kind);
-  void OnSetFocus();
-  void OnTimer(UINT_PTR id);
-  LRESULT OnEraseBackground(HDC context);
-  LRESULT OnQueryEndSession(bool critical);
-  void OnEndSession(bool ending);
-  void OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam);
-  bool AsksToUnload(UnloadMode mode);
-  bool DestroyAndTerminate();
-  void CreateFont();
-  void RescaleControls();
-  void ApplyIcons();
-  void ApplyClientSize();
-  HWND ScreenMate() const;
-  unsigned FittingScaling(DWORD style, DWORD extendedStyle, HWND screenMate) const;
-  SIZE OuterSize(DWORD style, DWORD extendedStyle) const;
-  void MoveOnScreen(LONG left, LONG top, const RECT& work);
-  void ScaleAnew(bool dragged = false);
-  void OnDisplayChange();
-  void Center();
+  // form_keyboard
   Control* Reachable(std::size_t start, bool backwards, const Control* except) const;
   std::size_t PositionOf(const Control* control) const;
   bool Focus(Control* control);
+  void LeaveFocus(const Control& control);
+  /// After `control` has lost the focus to `taker`, which may be null or anybody's.
+  void KeepInMind(const Control& control, HWND taker);
+  void OnActivate(bool active);
+  void OnSize(WPARAM kind);
+  void OnSetFocus();
+  /// Asks Form_KeyDown when the preview is on.
+  void PreviewKey(std::int16_t& keyCode, std::int16_t shift);
   void TakeBackFocus(MSG& message);
   bool TranslateAccessKey(const MSG& message);
   bool TranslateButtonKey(const MSG& message);
-  void CreateToolTip();
-  void RescaleToolTip();
-  int ToolTipWidth() const;
-  std::wstring FittingToolTip(const Control& control) const;
 
-  unsigned m_dpi = 96;
-  unsigned m_scaling = 96;
-  bool m_scalingWaits = false;
-  LOGFONTW m_fontDescription{};
-  OwnedFont m_font;
-  int m_lineHeight = 0;
+  // form_scaling
+  HWND ScreenMate() const;
+  unsigned FittingScaling(DWORD style, DWORD extendedStyle, HWND screenMate) const;
+  SIZE OuterSize(DWORD style, DWORD extendedStyle) const;
+  void ApplyClientSize();
+  void MoveOnScreen(LONG left, LONG top, const RECT& work);
+  void Center();
+  void CreateFont();
+  void RescaleControls();
+  void ScaleAnew(bool dragged = false);
+  void OnDpiChanged(unsigned dpi, const RECT& suggested);
+  void OnDisplayChange();
+  void OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam);
+
+  // What it is made as
   const wchar_t* m_iconName = nullptr;
   OwnedIcon m_smallIcon;
   OwnedIcon m_largeIcon;
-  std::vector<Control*> m_controls;
-  std::vector<Timer*> m_timers;
-  HWND m_toolTip = nullptr;
-  HWND m_focusWhenActive = nullptr;
-  Control* m_defaultButton = nullptr;
-  Control* m_cancelButton = nullptr;
-  Control* m_frontPanel = nullptr;
-  Control* m_handedFrom = nullptr;  // by Shift, which is held since; null when it is not
-  Control* m_handedTo = nullptr;
   int m_clientWidth;   // twips
   int m_clientHeight;  // twips
-  bool m_keyPreview = false;
+
+  // Its life
   bool m_loaded = false;
   bool m_loading = false;
   bool m_shown = false;
   bool m_asking = false;     // inside Form_QueryUnload
   bool m_unloading = false;  // inside Form_Unload
   bool m_sessionEnds = false;
-  bool m_keepsFocus = false;
   int m_pauses = 0;
   int m_closingPauses = 0;  // those that make closing wait
   bool m_closingWaits = false;
+
+  // Its size and font
+  unsigned m_dpi = 96;
+  unsigned m_scaling = 96;
+  bool m_scalingWaits = false;
+  LOGFONTW m_fontDescription{};
+  OwnedFont m_font;
+  int m_lineHeight = 0;
+
+  // What lies on it
+  std::vector<Control*> m_controls;
+  std::vector<Timer*> m_timers;
+  ToolTip m_toolTip{*this};
+  Control* m_defaultButton = nullptr;
+  Control* m_cancelButton = nullptr;
+  Control* m_frontPanel = nullptr;
+
+  // Its keyboard
+  HWND m_focusWhenActive = nullptr;
+  Control* m_handedFrom = nullptr;  // by Shift, which is held since; null when it is not
+  Control* m_handedTo = nullptr;
+  bool m_keepsFocus = false;
+  bool m_keyPreview = false;
   bool m_keyIsRepeated = false;
   bool m_wasMinimized = false;
 };

@@ -119,8 +119,8 @@ void Form::RescaleControls() {
   // The controls still have the old font until each of them has taken the new one.
   OwnedFont old = std::move(m_font);
   CreateFont();
+  m_toolTip.Rescale();
   for (Control* control : m_controls) control->Rescale();
-  RescaleToolTip();
 }
 
 /// After whatever the size of the form depends on has changed. A form that the user drags stays where it is.
@@ -166,7 +166,7 @@ void Form::OnSystemLook(UINT message, WPARAM wParam, LPARAM lParam) {
   // The system's controls learn of new colours and themes through their parents only.
   if (message == WM_SYSCOLORCHANGE) {
     for (const Control* control : m_controls) SendMessageW(control->Handle(), message, wParam, lParam);
-    if (m_toolTip != nullptr) SendMessageW(m_toolTip, message, wParam, lParam);
+    m_toolTip.SystemColorsChanged();
   }
   if (message != WM_SETTINGCHANGE || wParam == SPI_SETHIGHCONTRAST) {
     Form_SysColorsChanged();
