@@ -115,9 +115,21 @@ void TypeCharacter(wchar_t character) {
 void PointAt(POINT screen) {
   // The display's pointer moves along, which input alone leaves behind: who asks for the place a tenth of a second
   // later is told that one's. Only a change reaches the display.
-  POINT before{};
-  if (GetCursorPos(&before) && (before.x != screen.x || before.y != screen.y) && SetCursorPos(screen.x, screen.y)) {
+  const auto isThere = [screen] {
+    POINT pointer{};
+    return !GetCursorPos(&pointer) || (pointer.x == screen.x && pointer.y == screen.y);
+  };
+  if (!isThere() && SetCursorPos(screen.x, screen.y)) {
     PumpInput();
+    // What the display had still to say of the place before comes a moment later, and leads back.
+    constexpr int kQuietLooks = 3;
+    constexpr int kMostLooks = 100;
+    for (int quiet = 0, looks = 0; quiet < kQuietLooks && looks < kMostLooks; ++looks) {
+      Sleep(2);
+      PumpInput();
+      quiet = isThere() ? quiet + 1 : 0;
+      if (quiet == 0) SetCursorPos(screen.x, screen.y);
+    }
     return;
   }
   const int width = GetSystemMetrics(SM_CXSCREEN);
