@@ -23,11 +23,7 @@ TEST_F(RandomInputTest, TenThousandEventsLeaveTheProgramAliveAndItsHandlesWhereT
   ASSERT_TRUE(ReplaceDownloadBase(Exe(), L"http://127.0.0.1:9/"));
   Program program(Exe());
   ASSERT_TRUE(program.WaitReady());
-  // Made when it is first shown, which may be late.
-  program.Click(kTlHOaplikaci);
-  ASSERT_TRUE(WaitUntil([&] { return program.IsShown(kFraMPSCO); }));
-  program.Click(kTlHStorno);
-  ASSERT_TRUE(WaitUntil([&] { return !program.IsShown(kFraMPSCO); }));
+  RandomInput::BringUpAbout(program);
   program.Focus(kTxtMPSC);
 
   RandomInput input(kSeed);

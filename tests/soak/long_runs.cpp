@@ -76,6 +76,7 @@ void SendEvents(unsigned seed, Soak& soak) {
   SaveSetting(L"nastavení2", L"1");
   auto program = FreshProgram(soak, kNobody);
   if (!program) return soak.limits.Fail(what + ": the program does not start");
+  RandomInput::BringUpAbout(*program);
   program->Focus(kTxtMPSC);
   RandomInput input(seed);
   const int events = soak.Times(kEvents);

@@ -90,6 +90,13 @@ POINT RandomInput::PlaceBesideCommands(const Program& program) {
   return kNone;
 }
 
+void RandomInput::BringUpAbout(const Program& program) {
+  program.Click(kTlHOaplikaci);
+  WaitUntil([&] { return program.IsShown(kFraMPSCO); });
+  program.Click(kTlHStorno);
+  WaitUntil([&] { return !program.IsShown(kFraMPSCO); });
+}
+
 bool RandomInput::Settle(const Program& program) {
   return WaitUntil(
              [&] {

@@ -15,6 +15,8 @@ class RandomInput {
 
   void SendEvent(const Program& program);
 
+  /// Shows the About panel once: its windows are made when it is first shown, which may be late.
+  static void BringUpAbout(const Program& program);
   /// Waits until the program has worked all input off; closes whatever has opened in front of it. False when it has
   /// ended or does not answer.
   static bool Settle(const Program& program);
