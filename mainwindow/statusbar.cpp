@@ -113,10 +113,11 @@ void StatusBar::SetText(std::wstring_view text, StatusPanel panel, std::int32_t 
 void StatusBar::SetIcon(StatusPanel panel, std::int16_t mode, StatusIcon icon) {
   if (!IsWindow(m_window)) return;
   const StatusIcon wanted = mode == -1 ? icon : StatusIcon::None;
+  const auto index = static_cast<std::size_t>(panel);
   // Loading an icon takes longer than all else that a hint does, and many hints in a row have the same one.
-  if (m_panels[panel].shown == wanted && (wanted == StatusIcon::None || m_panels[panel].icon)) return;
-  m_panels[panel].shown = wanted;
-  LoadIconOf(panel);
+  if (m_panels[index].shown == wanted && (wanted == StatusIcon::None || m_panels[index].icon)) return;
+  m_panels[index].shown = wanted;
+  LoadIconOf(index);
 }
 
 void StatusBar::SendText(std::wstring_view text, std::size_t panelAndFlags) {
