@@ -99,8 +99,8 @@ TEST_F(FileOperationsTest, MovesOverTheFileThatIsThere) {
 TEST_F(FileOperationsTest, HiddenAndSystemFilesAndFoldersAreNotNormal) {
   EXPECT_FALSE(files.IsNormalFile(Path(L"a")));
   Write(L"a", "text");
-  for (const DWORD attributes :
-       {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM}) {
+  for (const DWORD attributes : std::initializer_list<DWORD>{FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY,
+                                                             FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM}) {
     SetFileAttributesW(Path(L"a").c_str(), attributes);
     EXPECT_EQ(files.IsNormalFile(Path(L"a")),
               attributes == FILE_ATTRIBUTE_NORMAL || attributes == FILE_ATTRIBUTE_READONLY)
