@@ -29,6 +29,8 @@ void ShowRunningInstance() {
     constexpr UINT kLongest = 2000;  // milliseconds
     DWORD_PTR ignored = 0;
     SendMessageTimeoutW(window, WM_SYSCOMMAND, SC_RESTORE, 0, SMTO_ABORTIFHUNG, kLongest, &ignored);
+    // A busy one does it later; one that a question has disabled may not have listened.
+    if (IsIconic(window)) ShowWindowAsync(window, SW_RESTORE);
   }
   SetForegroundWindow(front);
 }
