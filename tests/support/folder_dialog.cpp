@@ -4,7 +4,9 @@
 // Stay below windows.h.
 #include <shlobj.h>
 
+#include <filesystem>
 #include <utility>
+#include <vector>
 
 #include "tests/support/program_driver.h"
 
@@ -40,23 +42,34 @@ class RemoteMemory {
   void* m_address = nullptr;
 };
 
-std::wstring SelectedItem(HWND tree) {
+/// An item of a tree: its handle, as the messages take it; 0 for none.
+using Item = LPARAM;
+
+Item Next(HWND tree, WPARAM which, Item item = 0) { return SendMessageW(tree, TVM_GETNEXTITEM, which, item); }
+
+std::wstring ItemText(HWND tree, Item item) {
   struct Query {
     TVITEMW item;
     wchar_t text[MAX_PATH];
   };
-  const auto selected = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-  if (selected == nullptr) return {};
   RemoteMemory memory(tree, sizeof(Query));
   Query query{};
   query.item.mask = TVIF_TEXT;
-  query.item.hItem = selected;
+  query.item.hItem = reinterpret_cast<HTREEITEM>(item);
   query.item.pszText = reinterpret_cast<wchar_t*>(static_cast<char*>(memory.Address()) + offsetof(Query, text));
   query.item.cchTextMax = MAX_PATH;
   memory.Write(&query, sizeof query);
   SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Address()));
   memory.Read(query.text, sizeof query.text, offsetof(Query, text));
   return query.text;
+}
+
+/// The item of that name in the branch, which is opened for it; 0 while the tree does not have it.
+Item Child(HWND tree, Item branch, const std::wstring& name) {
+  SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, branch);
+  Item child = Next(tree, TVGN_CHILD, branch);
+  while (child != 0 && ItemText(tree, child) != name) child = Next(tree, TVGN_NEXT, child);
+  return child;
 }
 
 BOOL CALLBACK LookForDialog(HWND window, LPARAM parameter) {
@@ -88,13 +101,21 @@ std::wstring FolderPrompt(HWND dialog) {
 }
 
 bool SelectFolder(HWND dialog, const std::wstring& path) {
-  const std::wstring name = path.substr(path.find_last_of(L'\\') + 1);
-  RemoteMemory memory(dialog, (path.size() + 1) * sizeof(wchar_t));
-  memory.Write(path.c_str(), (path.size() + 1) * sizeof(wchar_t));
-  // The tree fills itself level by level; early questions stop half way.
+  const HWND tree = GetDlgItem(dialog, kTree);
+  std::vector<std::wstring> names;
+  for (const auto& part : std::filesystem::path(path).relative_path()) names.push_back(part.wstring());
+  const std::wstring drive = std::filesystem::path(path).root_path().wstring();
+  RemoteMemory memory(dialog, (drive.size() + 1) * sizeof(wchar_t));
+  memory.Write(drive.c_str(), (drive.size() + 1) * sizeof(wchar_t));
+  // Only the drive is asked for by its path. Wine no longer finds a folder so when
+  // it has changed since the tree read it, as the ones of tests do.
   return WaitUntil([&] {
     SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(memory.Address()));
-    return SelectedItem(GetDlgItem(dialog, kTree)) == name;
+    Item item = Next(tree, TVGN_CARET);
+    for (const std::wstring& name : names) item = item == 0 ? 0 : Child(tree, item, name);
+    if (item == 0) return false;
+    SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, item);
+    return Next(tree, TVGN_CARET) == item;
   });
 }
 
