@@ -13,14 +13,16 @@ target_include_directories(kvez_resources PRIVATE ${PROJECT_SOURCE_DIR}/resource
 set_source_files_properties(resources/kvez.rc PROPERTIES OBJECT_DEPENDS
   "${PROJECT_BINARY_DIR}/generated/version.h;${PROJECT_BINARY_DIR}/generated/app.manifest;${icons}")
 
-# Where the program looks for its maker; the defaults are of a domain that nobody can own.
-set(KVEZ_DOWNLOAD_BASE "https://kvez.example/data/" CACHE STRING "Address of the folder that ./kvez publish lays out")
+# Where the program looks for its maker. Without addresses of its own it asks ./kvez serve on this machine; the others are
+# of a domain that nobody can own.
+set(KVEZ_DOWNLOAD_BASE "http://127.0.0.1:22780/kvez/" CACHE STRING "Address of the folder that ./kvez publish lays out")
 set(KVEZ_MAIL "kvez@kvez.example" CACHE STRING "Mail address behind the button E-mail")
 set(KVEZ_WEB "www.kvez.example" CACHE STRING "Web page behind the button Internet, without http://")
+option(KVEZ_TRIAL "The About panel says that this is a trial without addresses of its own" OFF)
 include(cmake/download-base.cmake)
 kvez_check_download_base("${KVEZ_DOWNLOAD_BASE}")
 set_source_files_properties(mainwindow/addresses.cpp PROPERTIES COMPILE_DEFINITIONS
-  "KVEZ_DOWNLOAD_BASE=L\"${KVEZ_DOWNLOAD_BASE}\";KVEZ_MAIL=L\"${KVEZ_MAIL}\";KVEZ_WEB=L\"${KVEZ_WEB}\"")
+  "KVEZ_DOWNLOAD_BASE=L\"${KVEZ_DOWNLOAD_BASE}\";KVEZ_MAIL=L\"${KVEZ_MAIL}\";KVEZ_WEB=L\"${KVEZ_WEB}\";KVEZ_TRIAL=$<BOOL:${KVEZ_TRIAL}>")
 
 # The state of the official list that data/ comes from.
 file(STRINGS ${PROJECT_SOURCE_DIR}/data/stav.txt KVEZ_DATA_STATE ENCODING UTF-8 LIMIT_COUNT 1)

@@ -8,4 +8,6 @@ const wchar_t kDownloadBase[] = KVEZ_DOWNLOAD_BASE;
 const wchar_t kMailAddress[] = KVEZ_MAIL;
 const wchar_t kWebPage[] = KVEZ_WEB;
 
+const bool kIsTrial = KVEZ_TRIAL != 0;
+
 }  // namespace kvez

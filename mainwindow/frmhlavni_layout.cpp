@@ -118,7 +118,7 @@ void frmhlavni::CreateAboutPanel() {
     Label1to3[i].Create(fraMPSCO, kLabel1 + line, {180, 225 + kLineHeight * line, 5895, kLineHeight});
   }
   Text1.Create(fraMPSCO, kText1, {180, 1035, 5895, 2370}, forms::TextBoxStyle::ReadOnlyLines);
-  Text1.SetText(kAboutText);
+  Text1.SetText(AboutText(kIsTrial));
   Text1.SetAccessibleName(L"Popis aplikace");
   constexpr int kPitch = 1500;  // the last one ends where the text above ends
   constexpr int kWidth = 1395;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -239,7 +240,9 @@ std::vector<PrintedDocument> PrintQueue::Documents() const {
 }
 
 PrintedDocument PrintQueue::WaitForDocument() const {
-  WaitUntil([this] { return !Documents().empty(); }, 60);
+  if (!WaitUntil([this] { return !Documents().empty(); }, 60)) {
+    std::fprintf(stderr, "%s\n", ReadAll(m_folder.parent_path() / "log" / "error").c_str());
+  }
   const auto documents = Documents();
   return documents.empty() ? PrintedDocument{} : documents.front();
 }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "forms/private_messages.h"
+#include "mainwindow/about_text.h"
 #include "mainwindow/addresses.h"
 #include "tests/support/handle_count.h"
 #include "tests/support/window_test.h"
@@ -76,6 +77,22 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   for (const wchar_t* part : {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav 2017", L"licencí MIT"}) {
     EXPECT_NE(text.find(part), std::wstring::npos) << ::testing::PrintToString(part);
   }
+}
+
+TEST(AboutTextTest, OnlyATrialSaysSoAndSaysItFirst) {
+  const std::wstring text = AboutText(false);
+  EXPECT_TRUE(text.starts_with(L"Kvez vyhledává obce České republiky, "));
+  EXPECT_EQ(
+      AboutText(true),
+      L"Toto je zkušební sestavení programu bez vlastních adres: aktualizuje se jen ze serveru na tomto počítači a "
+      L"tlačítka E-mail a Internet nikam nevedou.\r\n\r\n" +
+          text);
+}
+
+TEST_F(MainWindowCommands, AboutSaysWhetherItIsATrial) {
+  frmhlavni& window = Open();
+  Click(window.tlHOaplikaci);
+  EXPECT_EQ(window.Text1.Text(), AboutText(kIsTrial));
 }
 
 TEST_F(MainWindowCommands, TabGoesThroughAboutAsItIsRead) {

@@ -1,6 +1,7 @@
 // kvez_demo: drives the real program like a user, for the commands that show it.
 //
 //   kvez_demo search EXE TEXT   starts the program, searches by name, prints the count sentence, leaves it running
+//   kvez_demo update            presses Aktualizace in the running program, prints what it says at the end
 //   kvez_demo close             ends the running program through its exit question
 //   kvez_demo stage EXE STAGE   starts the program, brings it to a stage (stages.h), prints the place of its windows on
 //                               the screen as WxH+X+Y, leaves it there
@@ -53,6 +54,21 @@ int Search(const std::wstring& exe, const std::wstring& text) {
   }
   PrintUtf8(stdout, program.Text(kLblPSCV + 1));
   program.Release();
+  return 0;
+}
+
+int Update() {
+  auto program = Program::Running();
+  if (!program) return Fail(nullptr, L"The program does not run.");
+  program->Click(kTlHAktualizace);
+  const auto said = [&] { return StatusText(program->StatusBar(), 2); };
+  const auto isUpdated = [&] {
+    // The sentence about the list that was there before is gone only when the new list is in.
+    return program->Text(kLblPSCV + 1).empty() && said().starts_with(L"Poslední aktualizace databáze byla provedena ");
+  };
+  if (!WaitUntil(isUpdated)) return Fail(&*program, L"The update did not come to its end; the last words: " + said());
+  PrintUtf8(stdout, said());
+  program->Release();
   return 0;
 }
 
@@ -114,6 +130,7 @@ int Kill() {
 int wmain(int count, wchar_t** arguments) {
   const std::vector<std::wstring> words(arguments + 1, arguments + count);
   if (words.size() == 3 && words[0] == L"search") return Search(words[1], words[2]);
+  if (words.size() == 1 && words[0] == L"update") return Update();
   if (words.size() == 1 && words[0] == L"close") return Close();
   if (words.size() == 3 && words[0] == L"stage") return Stage(words[1], words[2]);
   if (words.size() == 1 && words[0] == L"kill") return Kill();
@@ -121,5 +138,5 @@ int wmain(int count, wchar_t** arguments) {
     SetSystemColors(kDarkContrast);
     return 0;
   }
-  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | close | stage EXE STAGE | kill | contrast");
+  return Fail(nullptr, L"usage: kvez_demo search EXE TEXT | update | close | stage EXE STAGE | kill | contrast");
 }
