@@ -30,8 +30,12 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_
 set_source_files_properties(mainwindow/about_text.cpp PROPERTIES COMPILE_DEFINITIONS
   "KVEZ_DATA_STATE=L\"${KVEZ_DATA_STATE}\"")
 
-# Other processors' programs have folders of their own; the folder that people know holds the x64 one.
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+# Other processors' programs have folders of their own; the folder that people know holds the x64 one. Packages are
+# built elsewhere, and leave it alone.
+set(KVEZ_PROGRAM_FOLDER "" CACHE PATH "Folder of the finished program, when it is another than usual")
+if(KVEZ_PROGRAM_FOLDER)
+  # It stays.
+elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(KVEZ_PROGRAM_FOLDER ${PROJECT_SOURCE_DIR}/build/kvez)
 else()
   set(KVEZ_PROGRAM_FOLDER ${PROJECT_BINARY_DIR}/kvez)
