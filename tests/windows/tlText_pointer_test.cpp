@@ -368,9 +368,13 @@ TEST_F(TlTextPointer, APressBringsItsFormToTheFront) {
     SetWindowPos(above.Handle(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return WindowFromPoint(Center()) == button.Handle();
   }));
-  // Coming to the front takes long enough for the button to look for the pointer, which has to be there by then.
-  test::MovePointer(Center());
-  ASSERT_TRUE(test::PumpUntil([this] { return GetCapture() == button.Handle(); }));
+  // Coming to the front takes long enough for the button to look for the pointer, which has to be there by then. While
+  // the other window still comes to the front, the pointer is taken from the button; a hand does not rest meanwhile.
+  ASSERT_TRUE(test::PumpUntil([this] {
+    test::MovePointer({Center().x + 1, Center().y});
+    test::MovePointer(Center());
+    return GetCapture() == button.Handle();
+  }));
   ASSERT_EQ(GetActiveWindow(), above.Handle());
   test::PressButton();
   EXPECT_TRUE(test::PumpUntil([this] { return GetForegroundWindow() == form.Handle(); }));
