@@ -37,6 +37,19 @@ execute_process(COMMAND ${CHMCMD} kvez.hhp WORKING_DIRECTORY ${WORK}/1250
 if(failed OR NOT EXISTS ${WORK}/1250/kvez.chm)
   message(FATAL_ERROR "${CHMCMD} refused help/kvez.hhp:\n${log}")
 endif()
+# The compiler writes the time of day into its file, in two places; the same pages shall give the same help. The first is
+# in the header, the second the first entry of its list of settings.
+file(READ ${WORK}/1250/kvez.chm bytes HEX)
+string(FIND "${bytes}" "030000000a000400" settings)
+math(EXPR odd "${settings} % 2")
+if(settings LESS 0 OR odd)
+  message(FATAL_ERROR "The time in kvez.chm is not where it was: does another version of ${CHMCMD} write it elsewhere?")
+endif()
+math(EXPR settings "${settings} / 2 + 8")
+foreach(place 16 ${settings})
+  execute_process(COMMAND dd if=/dev/zero of=${WORK}/1250/kvez.chm bs=1 count=4 seek=${place} conv=notrunc status=none
+                  COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
 get_filename_component(folder ${TARGET} DIRECTORY)
 file(MAKE_DIRECTORY ${folder})
 file(RENAME ${WORK}/1250/kvez.chm ${TARGET})

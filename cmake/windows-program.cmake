@@ -46,5 +46,6 @@ target_link_libraries(kvez PRIVATE kvez_mainwindow kvez_resources)
 set_target_properties(kvez PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${KVEZ_PROGRAM_FOLDER})
 if(MINGW)
   target_compile_options(kvez PRIVATE -Os)
-  target_link_options(kvez PRIVATE -municode -s -Wl,--gc-sections)
+  # The same sources give the same program, whenever they are linked.
+  target_link_options(kvez PRIVATE -municode -s -Wl,--gc-sections -Wl,--no-insert-timestamp)
 endif()
