@@ -15,7 +15,7 @@ namespace kvez {
 namespace {
 
 constexpr std::ptrdiff_t kPostalDigits = 5;
-// From here on a beginning is worth a word: Plzeň finds 3 municipalities, Plzeň* 27.
+// From here on a beginning is worth a word: Plzeň finds 3 municipalities, Plzeň* 24.
 constexpr std::int32_t kMuchMore = 3;
 
 bool IsDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
@@ -64,7 +64,10 @@ class NameOffer {
     if (postOffice != nullptr && IsDigit(text.back())) return Sentence(*postOffice);
     // No name has a character that the code page lacks, and the replacement for it is a wildcard.
     const std::string bytes = ToWindows1250(text);
-    const std::wstring compared(WithoutBlanksAround(FromWindows1250(NormalisedName(bytes))));
+    // Twice, because of Bynov-Děčín IX the first leaves Bynov-Děčín, and names are compared without what follows a
+    // hyphen.
+    const std::string_view normalised = NormalisedName(NormalisedName(bytes));
+    const std::wstring compared(WithoutBlanksAround(FromWindows1250(normalised)));
     offer = Try(Begins(compared), Count(NameMode::BeginsWith, compared));
     if (offer.empty()) offer = WithDiacritics(compared);
     if (offer.empty() && postOffice != nullptr) offer = Sentence(*postOffice);
@@ -82,23 +85,30 @@ class NameOffer {
   }
 
   // Praha-Bohnice: the list may have the part under its own name. Frýdek-Místek is no part but a whole municipality
-  // with a hyphen in it, which the list has by its parts (Frýdek-Místek-Lískovec).
+  // with a hyphen in it.
   std::wstring PartBehindHyphen(std::wstring_view text) const {
     const std::size_t hyphen = text.rfind(L'-');
     if (hyphen == std::wstring_view::npos) return {};
     const std::wstring part(WithoutBlanksAround(text.substr(hyphen + 1)));
     const std::int32_t count = Count(NameMode::Whole, part);
-    return count == 0 || HasParts(text) ? std::wstring() : Try(part, count);
+    return count == 0 || IsWholeName(text) ? std::wstring() : Try(part, count);
   }
 
-  bool HasParts(std::wstring_view text) const {
+  // A district has this name, and no other one with the same before its hyphen: beside Ostrava-Lhotka there is
+  // Ostrava-Svinov.
+  bool IsWholeName(std::wstring_view text) const {
+    const std::wstring_view beginning = text.substr(0, text.find(L'-') + 1);
+    std::vector<std::size_t> withIt;
+    std::vector<std::size_t> withAnother;
     std::wstring name;
     for (std::size_t i = 0; i < m_municipalities.size(); ++i) {
       m_municipalities.Name(i, name);
-      if (name.size() <= text.size() || name[text.size()] != L'-') continue;
-      if (EqualIgnoringCase(std::wstring_view(name).substr(0, text.size()), text)) return true;
+      if (!EqualIgnoringCase(std::wstring_view(name).substr(0, beginning.size()), beginning)) continue;
+      (EqualIgnoringCase(name, text) ? withIt : withAnother).push_back(m_municipalities.DistrictIndex(i));
     }
-    return false;
+    return std::ranges::any_of(withIt, [&](std::size_t district) {
+      return std::find(withAnother.begin(), withAnother.end(), district) == withAnother.end();
+    });
   }
 
   // Plzen: the beginning that is Plzeň in the list; of several the one that most names have.

@@ -48,9 +48,8 @@ std::string WithPlainCodes(const std::string& list) {
 std::string Together(const std::vector<OfficialRow>& rows) {
   std::string list(kHeading);
   for (const OfficialRow& row : rows) {
-    const std::wstring text = row.part + (row.alias ? L" x)" : L"") + L";" + PostalCodeText(row.code) + L";" +
-                              row.postOffice + L";" + std::to_wstring(row.districtCode) + L";" + row.district + L";" +
-                              row.municipality;
+    const std::wstring text = row.part + row.aliasMark + L";" + PostalCodeText(row.code) + L";" + row.postOffice +
+                              L";" + std::to_wstring(row.districtCode) + L";" + row.district + L";" + row.municipality;
     list += ToWindows1250(text) + '\n';
   }
   return list;

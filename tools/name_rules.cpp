@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "database/name_keys.h"
+#include "database/name_normalisation.h"
 #include "database/name_pattern.h"
 #include "database/name_text.h"
 #include "text/fold.h"
+#include "text/windows1250.h"
 #include "tools/tool.h"
 
 namespace kvez {
@@ -30,6 +33,15 @@ std::wstring ComparedName(std::wstring_view name) {
   std::wstring compared(name);
   std::transform(compared.begin(), compared.end(), compared.begin(), FoldCase);
   return compared;
+}
+
+std::wstring SearchedName(std::wstring_view name) { return FromWindows1250(NormalisedName(ToWindows1250(name))); }
+
+bool Finds(std::wstring_view typed, std::wstring_view name) {
+  const auto pattern = ParseNamePattern(typed);
+  NameKeys row;
+  row.Append(ToWindows1250(name));
+  return pattern && !row.Find(*pattern).empty();
 }
 
 }  // namespace kvez

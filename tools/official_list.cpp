@@ -1,7 +1,10 @@
 #include "tools/official_list.h"
 
+#include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
+#include <unordered_map>
 
 #include "text/utf8.h"
 #include "text/windows1250.h"
@@ -14,9 +17,75 @@ namespace kvez {
 namespace {
 
 constexpr std::string_view kHeading = "NAZCOBCE;PSC;NAZPOST;KODOKRESU;NAZOKRESU;NAZOBCE";
+constexpr std::string_view kHeadingExpected =
+    "the heading 'NAZCOBCE;PSC;NAZPOST;KODOKRESU;NAZOKRESU;NAZOBCE' was expected";
 constexpr std::size_t kColumns = 6;
-constexpr std::wstring_view kAliasMark = L" x)";
+constexpr std::int32_t kLowestCode = 10000;
+constexpr std::int32_t kHighestCode = 79999;
 constexpr std::wstring_view kCzechLetters = L"áčďéěíňóřšťúůýžÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ";
+// What a whole list cannot be without. Names begin with a few of the marked capitals only, Czech has "ú" at beginnings
+// of words, and "q", "w" and "x" in foreign ones.
+constexpr std::wstring_view kLettersOfALongList = L"aábcčdďeéěfghiíjklmnňoóprřsštťuůvyýzžČŘŠÚŽ";
+constexpr std::size_t kLongList = 1000;  // rows
+// One row in so many may stand in the list a second time, letter by letter; none does in those seen so far.
+constexpr std::size_t kRowsForARepeat = 10;
+
+bool IsBlank(wchar_t character) { return character == L' '; }
+
+void DropBlanksAtTheEnd(std::wstring_view& text) {
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+}
+
+/// "has ..." when a parenthesis has no counterpart, else empty.
+std::string ParenthesisFault(std::wstring_view name) {
+  int open = 0;
+  for (const wchar_t character : name) {
+    if (character == L'(') ++open;
+    if (character == L')' && --open < 0) return "has a parenthesis that was not opened";
+  }
+  return open == 0 ? "" : "has a parenthesis that is not closed";
+}
+
+/// Where the alias mark begins, with the blanks before it: " x)" as a rule, and whatever people make of it: "x)", "
+/// X)", " (x)", " x )". The end of the name when there is none, as in "Kostelec (Max)".
+std::size_t AliasMarkBegin(std::wstring_view name) {
+  std::wstring_view rest = name;
+  DropBlanksAtTheEnd(rest);
+  if (!rest.ends_with(L')')) return name.size();
+  rest.remove_suffix(1);
+  DropBlanksAtTheEnd(rest);
+  if (!rest.ends_with(L'x') && !rest.ends_with(L'X')) return name.size();
+  rest.remove_suffix(1);
+  DropBlanksAtTheEnd(rest);
+  if (rest.ends_with(L'(')) rest.remove_suffix(1);
+  DropBlanksAtTheEnd(rest);
+  return ParenthesisFault(rest).empty() ? rest.size() : name.size();
+}
+
+/// What is wrong with a heading that is not the list's: its first column that is out of place.
+std::string HeadingFault(const std::vector<std::wstring>& columns, const std::vector<std::wstring>& expected) {
+  const auto missing = [](const std::wstring& column, const std::vector<std::wstring>& among) {
+    return std::find(among.begin(), among.end(), column) == among.end();
+  };
+  for (const std::wstring& column : columns) {
+    if (missing(column, expected)) return "the column " + InApostrophes(column) + " is unexpected";
+  }
+  for (const std::wstring& column : expected) {
+    if (missing(column, columns)) return "the column " + InApostrophes(column) + " is missing";
+  }
+  for (std::size_t i = 0;; ++i) {
+    if (i >= expected.size()) return "the column " + InApostrophes(columns[i]) + " stands there twice";
+    if (columns[i] != expected[i]) {
+      return "column " + std::to_string(i + 1) + " is " + InApostrophes(columns[i]) + " and not " +
+             InApostrophes(expected[i]);
+    }
+  }
+}
+
+bool IsUtf16(std::string_view text) {
+  if (text.size() < 2) return false;
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || text[0] == '\0' || text[1] == '\0';
+}
 
 class ListReader {
  public:
@@ -26,20 +95,25 @@ class ListReader {
   std::vector<OfficialRow> Read() {
     const std::vector<std::string_view> lines = SplitLines(m_text);
     m_line = 1;
-    if (lines.empty()) Fail("the heading '" + std::string(kHeading) + "' was expected");
+    if (m_text.starts_with("\xEF\xBB\xBF")) Fail("the file is UTF-8; the list comes in Windows-1250");
+    if (IsUtf16(m_text)) Fail("the file is UTF-16; the list comes in Windows-1250");
+    if (lines.empty()) Fail(std::string(kHeadingExpected));
     std::vector<OfficialRow> rows;
     rows.reserve(lines.size());
     for (const std::string_view line : lines) {
       const std::wstring text = Decode(line);
-      if (m_line > 1) {
+      if (m_line == 1) {
+        ExpectHeading(text);
+      } else {
+        if (line == kHeading) Fail("the heading stands here again: the list is in the file twice");
         rows.push_back(ParseRow(text));
         CheckAgainstEarlier(rows.back());
-      } else if (line != kHeading) {
-        Fail("the heading '" + std::string(kHeading) + "' was expected");
       }
       ++m_line;
     }
     if (rows.empty()) Fail("at least one row was expected");
+    ExpectNoSecondList(lines);
+    if (rows.size() >= kLongList) ExpectWholeAlphabet(rows);
     return rows;
   }
 
@@ -63,10 +137,49 @@ class ListReader {
     return text;
   }
 
+  void ExpectHeading(const std::wstring& heading) const {
+    const std::wstring expected = FromWindows1250(kHeading);
+    if (heading == expected) return;
+    Fail(HeadingFault(SplitFields(heading), SplitFields(expected)) + "; " + std::string(kHeadingExpected));
+  }
+
+  void ExpectNoSecondList(const std::vector<std::string_view>& lines) {
+    std::unordered_map<std::string_view, std::size_t> earlier;
+    std::size_t repeats = 0;
+    std::size_t first = 0;
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+      if (earlier.emplace(lines[i], i + 1).second || ++repeats > 1) continue;
+      first = i + 1;
+    }
+    const std::size_t rows = lines.size() - 1;
+    if (repeats * kRowsForARepeat <= rows) return;
+    m_line = first;
+    Fail("the row of line " + std::to_string(earlier.at(lines[first - 1])) + " stands here again, as " +
+         std::to_string(repeats) + " of " + std::to_string(rows) + " rows do: the list is in the file twice");
+  }
+
+  void ExpectWholeAlphabet(const std::vector<OfficialRow>& rows) {
+    std::set<wchar_t> letters;
+    for (const OfficialRow& row : rows) {
+      for (const std::wstring* name : {&row.part, &row.postOffice, &row.district, &row.municipality}) {
+        letters.insert(name->begin(), name->end());
+      }
+    }
+    for (const wchar_t letter : kLettersOfALongList) {
+      if (letters.contains(letter)) continue;
+      m_line = rows.size() + 1;
+      Fail("up to this last line there is no " + InApostrophes(std::wstring_view(&letter, 1)) + " in " +
+           std::to_string(rows.size()) + " rows: the list has lost a letter");
+    }
+  }
+
   std::wstring Name(const std::wstring& field, const char* column) const {
     const std::string fault = NameFault(field);
     if (!fault.empty()) Fail(std::string(column) + " " + fault);
     if (field.front() == L' ' || field.back() == L' ') Fail(std::string(column) + " has a blank at its end");
+    if (field.find(L"  ") != std::wstring::npos) Fail(std::string(column) + " has two blanks in a row");
+    const std::string parenthesis = ParenthesisFault(field);
+    if (!parenthesis.empty()) Fail(std::string(column) + " " + parenthesis);
     return field;
   }
 
@@ -77,12 +190,17 @@ class ListReader {
     }
     OfficialRow row;
     std::wstring& part = fields[0];
-    row.alias = part.ends_with(kAliasMark);
-    if (row.alias) part.resize(part.size() - kAliasMark.size());
+    const std::size_t mark = AliasMarkBegin(part);
+    row.aliasMark = part.substr(mark);
+    part.resize(mark);
     row.part = Name(part, "NAZCOBCE");
     const auto code = ParsePostalCode(fields[1]);
     if (!code) Fail("PSC " + InApostrophes(fields[1]) + " is no postal code of five digits");
     row.code = *code;
+    if (row.code < kLowestCode || row.code > kHighestCode) {
+      Fail("PSC " + InApostrophes(fields[1]) + " is not between " + std::to_string(kLowestCode) + " and " +
+           std::to_string(kHighestCode));
+    }
     row.postOffice = Name(fields[2], "NAZPOST");
     const auto districtCode = ParseDistrictCode(fields[3]);
     if (!districtCode) {

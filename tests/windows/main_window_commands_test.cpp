@@ -74,7 +74,8 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   }
   EXPECT_EQ(window.FocusedControl(), &window.Text1);
   const std::wstring text = window.Text1.Text();
-  for (const wchar_t* part : {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav 2017", L"licencí MIT"}) {
+  for (const wchar_t* part :
+       {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav listopad 2024", L"licencí MIT"}) {
     EXPECT_NE(text.find(part), std::wstring::npos) << ::testing::PrintToString(part);
   }
 }

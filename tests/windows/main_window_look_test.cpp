@@ -113,8 +113,8 @@ class MainWindowInTheUsualFont : public MainWindowLook {
   void SetUp() override {
     MainWindowLook::SetUp();
     Open().tlHOaplikaci.Click();
-    m_window->lblPSCV[0].SetCaption(L"V seznamu jsou 17 212 obcí.");
-    m_window->lblPSCV[1].SetCaption(L"Zadání vyhovuje 17 212 obcí.");
+    m_window->lblPSCV[0].SetCaption(L"V seznamu jsou 16 726 obcí.");
+    m_window->lblPSCV[1].SetCaption(L"Zadání vyhovuje 16 726 obcí.");
     m_window->lblZpravaI.SetCaption(L"Strpení prosím, vytvářím pomocný seznam okresů.");
     m_window->lblMPSCN.SetCaption(L"Název začíná \"Lhota\".");
     m_window->lblNPSCHT[0].SetCaption(L"Brandýs nad Labem-Stará Boleslav");
