@@ -92,6 +92,12 @@ def summary(version, processor, package_code, seconds):
     return "\n".join(rows) + "\n"
 
 
+def rich_text(text):
+    """A plain text as the installer's window shows it: without the line ends inside a paragraph, in one line."""
+    paragraphs = [" ".join(paragraph.split()) for paragraph in text.replace("\r", "").split("\n\n")]
+    return "{\\rtf1\\ansi\\ansicpg1250{\\fonttbl{\\f0 Segoe UI;}}\\f0\\fs17 " + "\\par\\par ".join(paragraphs) + "}"
+
+
 def fill(text, values):
     for name, value in values.items():
         text = text.replace(f"@{name}@", str(value))
@@ -113,6 +119,7 @@ def make(files, version, processor, seconds, addresses, work, target):
         "VERSION": version, "UPGRADE_CODE": UPGRADE_CODE, "TIME": dos_time(seconds),
         "SIZE": sum(path.stat().st_size + 1023 for path in files.values()) // 1024,
         "MAIL": addresses["mail"] or NONE, "PAGE": addresses["page"] or NONE,
+        "LICENCE": rich_text(files["LICENSE.txt"].read_text("ascii").strip()),
     }
     tables = {path.stem: path.read_text("utf-8") for path in sorted(TABLES.glob("*.idt"))}
     tables["File"] = file_table(files)

@@ -112,6 +112,27 @@ void Close(Program& program) {
   EXPECT_EQ(program.WaitForEnd(), DWORD{0});
 }
 
+/// A control of the installer's window by its text, once it is there to be clicked; null when it does not come.
+HWND InstallerControl(const std::wstring& text) {
+  HWND found = nullptr;
+  WaitUntil([&] {
+    const HWND window = FindWindowW(nullptr, L"Instalace programu Kvez");
+    for (HWND child = nullptr;
+         window != nullptr && (child = FindWindowExW(window, child, nullptr, nullptr)) != nullptr;) {
+      if (WindowText(child) == text && IsWindowVisible(child)) found = child;
+    }
+    return found != nullptr && IsWindowEnabled(found) != FALSE;
+  });
+  return found;
+}
+
+void ClickInstaller(const std::wstring& text) {
+  const HWND control = InstallerControl(text);
+  ASSERT_NE(control, nullptr) << "no " << testing::PrintToString(text);
+  SetForegroundWindow(GetParent(control));
+  ClickAt(CentreOf(control));
+}
+
 class Installer : public ::testing::Test {
  protected:
   // The system's own part of the registry comes with the first installation and stays.
@@ -255,6 +276,47 @@ TEST_F(Installer, OverARunningProgramNothingIsHalf) {
   Search(program);
   Close(program);
   EXPECT_EQ(Remove(L"this"), kDone);
+  ExpectNothingIsLeft();
+}
+
+TEST_F(Installer, AWindowInCzechInstallsWithOneClickAndStartsTheProgram) {
+  const StartedProcess installer(L"msiexec.exe /i \"" + Package(L"this") + L"\"");
+  ClickInstaller(L"&Vytvořit zástupce na ploše");
+  ClickInstaller(L"&Nainstalovat");
+  ASSERT_NE(InstallerControl(L"Program je nainstalován. Najdete ho v nabídce Start."), nullptr);
+  ClickInstaller(L"&Dokončit");
+  EXPECT_EQ(installer.WaitForEnd(), kDone);
+  EXPECT_TRUE(fs::exists(DesktopShortcut()));
+  ASSERT_TRUE(WaitUntil([] { return FindWindowW(L"KvezForm", L"Kvez") != nullptr; }));
+  auto program = Program::Running();
+  ASSERT_TRUE(program.has_value());
+  Search(*program);
+  Close(*program);
+  EXPECT_EQ(Remove(L"this"), kDone);
+  ExpectNothingIsLeft();
+}
+
+TEST_F(Installer, ACancelledWindowChangesNothing) {
+  const StartedProcess installer(L"msiexec.exe /i \"" + Package(L"this") + L"\"");
+  ClickInstaller(L"Storno");
+  ClickInstaller(L"&Ano");
+  ClickInstaller(L"&Zavřít");
+  EXPECT_EQ(installer.WaitForEnd(), DWORD{ERROR_INSTALL_USEREXIT});
+  ExpectNothingIsLeft();
+}
+
+TEST_F(Installer, TheSameInstallerAgainSaysThatItIsInstalled) {
+  ASSERT_EQ(Install(L"this"), kDone);
+  const UserState installed = TakeUserState();
+  const StartedProcess again(L"msiexec.exe /i \"" + Package(L"this") + L"\"");
+  ClickInstaller(L"&Spustit Kvez");
+  ClickInstaller(L"&Dokončit");
+  EXPECT_EQ(again.WaitForEnd(), kDone);
+  EXPECT_EQ(Difference(installed, TakeUserState()), L"");
+  const StartedProcess removal(L"msiexec.exe /x \"" + Package(L"this") + L"\"");
+  ASSERT_NE(InstallerControl(L"Program je odinstalován."), nullptr);
+  ClickInstaller(L"&Dokončit");
+  EXPECT_EQ(removal.WaitForEnd(), kDone);
   ExpectNothingIsLeft();
 }
 
