@@ -30,7 +30,7 @@ class PublishTest : public ToolTest {
 TEST_F(PublishTest, LaysOutAWholeSet) {
   const ProcessRun run = Publish(test::HelpBytes());
   EXPECT_EQ(run.status, 0) << run.output;
-  EXPECT_EQ(NamesIn("published"), "index.html kvez.chm vd1.kl_ vd2.kl_ vd3.kl_");
+  EXPECT_EQ(NamesIn("published"), "index.html kvez.chm kvez.ico kvez.png vd1.kl_ vd2.kl_ vd3.kl_");
 }
 
 TEST_F(PublishTest, RefusesAHelpThatTheProgramWouldNotOpen) {
