@@ -59,7 +59,7 @@ class StartedProcess {
   HANDLE m_process = nullptr;
 };
 
-/// One of the installers that the tests are started with: old, this, new.
+/// One of the installers that the tests are started with: old, this, new, x86.
 std::wstring Package(const std::wstring& name) {
   const wchar_t* folder = _wgetenv(L"KVEZ_INSTALLERS");
   return (fs::path(std::wstring(L"Z:") + (folder == nullptr ? L"" : folder)).make_preferred() / (name + L".msi"))
@@ -137,8 +137,10 @@ class Installer : public ::testing::Test {
  protected:
   // The system's own part of the registry comes with the first installation and stays.
   static void SetUpTestSuite() {
-    ASSERT_EQ(Install(L"this"), kDone);
-    ASSERT_EQ(Remove(L"this"), kDone);
+    for (const wchar_t* package : {L"this", L"x86"}) {
+      ASSERT_EQ(Install(package), kDone);
+      ASSERT_EQ(Remove(package), kDone);
+    }
     s_before = TakeUserState();
   }
   void ExpectNothingIsLeft() { EXPECT_EQ(Difference(s_before, TakeUserState()), L""); }
@@ -238,6 +240,15 @@ TEST_F(Installer, AnOlderVersionIsRefused) {
   EXPECT_EQ(Install(L"this"), kFailed);
   EXPECT_EQ(InstalledProgram(L"DisplayVersion"), L"99.0.0");
   EXPECT_EQ(Remove(L"new"), kDone);
+  ExpectNothingIsLeft();
+}
+
+TEST_F(Installer, ThePackageForAnotherProcessorReplacesAnOlderVersion) {
+  ASSERT_EQ(Install(L"old"), kDone);
+  ASSERT_EQ(Install(L"x86"), kDone);
+  EXPECT_EQ(InstalledProgram(L"DisplayVersion"), L"1.0.0");
+  EXPECT_EQ(Names(Folder()).size(), 6U);
+  EXPECT_EQ(Remove(L"x86"), kDone);
   ExpectNothingIsLeft();
 }
 

@@ -14,9 +14,9 @@ namespace {
 
 constexpr const wchar_t* kUninstall = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
 
-OwnedRegistryKey Open(HKEY root, const std::wstring& path) {
+OwnedRegistryKey Open(HKEY root, const std::wstring& path, REGSAM view = 0) {
   HKEY key = nullptr;
-  RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key);
+  RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, &key);
   return OwnedRegistryKey(key);
 }
 
@@ -26,6 +26,12 @@ std::wstring SubkeyName(HKEY key, DWORD index) {
   return RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS
              ? std::wstring(name, length)
              : std::wstring();
+}
+
+std::wstring TextOf(HKEY key, const wchar_t* value) {
+  wchar_t data[1024] = {};
+  DWORD bytes = sizeof data;
+  return RegGetValueW(key, nullptr, value, RRF_RT_REG_SZ, nullptr, data, &bytes) == ERROR_SUCCESS ? data : L"";
 }
 
 void AddValues(HKEY key, const std::wstring& path, UserState& state) {
@@ -79,6 +85,7 @@ UserState TakeUserState() {
   AddFiles(L"C:\\windows\\Installer", state);
   AddKeys(HKEY_CURRENT_USER, L"Software", state);
   AddKeys(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows\\CurrentVersion", state);
+  AddKeys(HKEY_LOCAL_MACHINE, L"Software\\Wow6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall", state);
   return state;
 }
 
@@ -99,19 +106,19 @@ std::wstring Difference(const UserState& before, const UserState& after) {
 }
 
 std::wstring InstalledProgram(const wchar_t* value) {
-  for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-    const OwnedRegistryKey list = Open(root, kUninstall);
+  struct Place {
+    HKEY root;
+    REGSAM view;
+  };
+  // Windows notes what is one user's there, Wine everything in the machine's list of the package's processor.
+  const Place places[] = {{HKEY_CURRENT_USER, 0}, {HKEY_LOCAL_MACHINE, 0}, {HKEY_LOCAL_MACHINE, KEY_WOW64_32KEY}};
+  for (const Place& place : places) {
+    const OwnedRegistryKey list = Open(place.root, kUninstall, place.view);
     for (DWORD index = 0; list; ++index) {
       const std::wstring name = SubkeyName(list.Get(), index);
       if (name.empty()) break;
-      const auto text = [&](const wchar_t* of) {
-        wchar_t data[1024] = {};
-        DWORD bytes = sizeof data;
-        const bool read =
-            RegGetValueW(list.Get(), name.c_str(), of, RRF_RT_REG_SZ, nullptr, data, &bytes) == ERROR_SUCCESS;
-        return std::wstring(read ? data : L"");
-      };
-      if (text(L"DisplayName") == L"Kvez") return text(value);
+      const OwnedRegistryKey entry = Open(list.Get(), name);
+      if (TextOf(entry.Get(), L"DisplayName") == L"Kvez") return TextOf(entry.Get(), value);
     }
   }
   return {};
