@@ -133,8 +133,10 @@ def make(files, version, processor, seconds, addresses, work, target):
     command = ["msibuild", "kvez.msi"]
     (work / "_ForceCodepage.idt").write_text(f"\r\n\r\n{CODE_PAGE}\t_ForceCodepage\r\n", "utf-8", newline="")
     command += ["-i", "_ForceCodepage.idt"]
-    (work / "Icon").mkdir()
-    shutil.copy(ICON, work / "Icon" / "kvez.ico")
+    # One for the list of programs, one for the first window.
+    for table in ("Icon", "Binary"):
+        (work / table).mkdir()
+        shutil.copy(ICON, work / table / "kvez.ico")
     for name, text in tables.items():
         (work / f"{name}.idt").write_text(fill(text, values).replace("\n", "\r\n"), "utf-8", newline="")
         command += ["-i", f"{name}.idt"]
