@@ -5,7 +5,9 @@
 #include <shlobj.h>
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -91,6 +93,29 @@ std::string Built(const char* name) {
 /// The list of the older package: one municipality.
 const std::string kOlderList("\1\0\0\0\1\0A\1\0B", 10);
 
+/// 100 nanoseconds since 1601 at noon of the list's day, which the second line of data/stav.txt tells.
+std::int64_t NoonOfTheList() {
+  std::istringstream state(ReadBytes(fs::path(L"Z:").concat(KVEZ_SOURCE_DIR).make_preferred() / "data" / "stav.txt"));
+  std::string day;
+  std::getline(state, day);
+  std::getline(state, day);
+  SYSTEMTIME noon{};
+  noon.wYear = static_cast<WORD>(std::stoi(day.substr(0, 4)));
+  noon.wMonth = static_cast<WORD>(std::stoi(day.substr(5, 2)));
+  noon.wDay = static_cast<WORD>(std::stoi(day.substr(8, 2)));
+  noon.wHour = 12;
+  FILETIME time{};
+  SystemTimeToFileTime(&noon, &time);
+  return static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
+}
+
+std::int64_t TimeOf(const fs::path& file) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data);
+  return static_cast<std::int64_t>(std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 |
+                                   data.ftLastWriteTime.dwLowDateTime);
+}
+
 std::vector<std::wstring> Names(const fs::path& folder) {
   std::vector<std::wstring> names;
   for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().wstring());
@@ -158,6 +183,9 @@ TEST_F(Installer, InstalledProgramIsFoundByItsEntryAndSearches) {
   for (const char* name : {"kvez.exe", "kvez.chm", "vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
     EXPECT_TRUE(ReadBytes(Folder() / name) == Built(name)) << name;
   }
+  // The program shows its day. A cabinet's times are local ones.
+  constexpr std::int64_t kHour = 36'000'000'000;
+  EXPECT_NEAR(static_cast<double>(TimeOf(Folder() / L"vd1.kl_") - NoonOfTheList()) / kHour, 0.0, 11.9);
   EXPECT_TRUE(fs::exists(MenuShortcut()));
   EXPECT_FALSE(fs::exists(DesktopShortcut()));
   Program program(Exe());
