@@ -44,17 +44,20 @@ if(WIN32)
 else()
   set(KVEZ_DATA_FOLDER ${PROJECT_BINARY_DIR}/data)
 endif()
+# The time of the data files is the state of the list, so this file tells the build when they were made.
+set(KVEZ_DATA_STAMP ${PROJECT_BINARY_DIR}/data.stamp)
 set(data_files ${KVEZ_DATA_FOLDER}/vd1.kl_ ${KVEZ_DATA_FOLDER}/vd2.kl_ ${KVEZ_DATA_FOLDER}/vd3.kl_)
 set(data_tables ${PROJECT_SOURCE_DIR}/data)
 # The tool of another build is no dependency that Ninja could make: the script names it in the dependency file, and
 # says what to do when it is missing.
 add_custom_command(
-  OUTPUT ${data_files}
+  OUTPUT ${KVEZ_DATA_STAMP}
+  BYPRODUCTS ${data_files}
   COMMAND ${CMAKE_COMMAND} -DTOOL=${data_tool} -DTABLES=${data_tables} -DFOLDER=${KVEZ_DATA_FOLDER}
-          -DDEPFILE=${PROJECT_BINARY_DIR}/data.d -P ${PROJECT_SOURCE_DIR}/cmake/make-data.cmake
-  DEPENDS ${data_tables}/obce.csv ${data_tables}/posty.csv ${data_tables}/okresy.csv
+          -DSTAMP=${KVEZ_DATA_STAMP} -DDEPFILE=${PROJECT_BINARY_DIR}/data.d -P ${PROJECT_SOURCE_DIR}/cmake/make-data.cmake
+  DEPENDS ${data_tables}/obce.csv ${data_tables}/posty.csv ${data_tables}/okresy.csv ${data_tables}/stav.txt
           ${PROJECT_SOURCE_DIR}/cmake/make-data.cmake ${data_tool_target}
   DEPFILE ${PROJECT_BINARY_DIR}/data.d
   COMMENT "Making the three data files"
   VERBATIM)
-add_custom_target(kvez_data ALL DEPENDS ${data_files})
+add_custom_target(kvez_data ALL DEPENDS ${KVEZ_DATA_STAMP})

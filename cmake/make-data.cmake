@@ -1,4 +1,5 @@
-# Runs the data tool TOOL: the tables in TABLES become the data files in FOLDER; DEPFILE says that they depend on TOOL.
+# Runs the data tool TOOL: the tables in TABLES become the data files in FOLDER, whose time is the
+# state of the list; STAMP gets the time of the build, and DEPFILE says that it depends on TOOL.
 if(NOT EXISTS ${TOOL})
   message(FATAL_ERROR "The data files are made by the native data tool, and ${TOOL} is missing.\n"
     "Build it first: cmake --preset native && cmake --build --preset native --target kvezdata")
@@ -7,4 +8,5 @@ execute_process(COMMAND ${TOOL} build ${TABLES} ${FOLDER} OUTPUT_VARIABLE output
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "The data files were not made (${TOOL} build ${TABLES} ${FOLDER}).")
 endif()
-file(WRITE ${DEPFILE} "${FOLDER}/vd1.kl_: ${TOOL}\n")
+file(WRITE ${DEPFILE} "${STAMP}: ${TOOL}\n")
+file(WRITE ${STAMP} "")

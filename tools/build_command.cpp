@@ -3,6 +3,7 @@
 #include "database/loose_ends.h"
 #include "tools/commands.h"
 #include "tools/data_file_bytes.h"
+#include "tools/data_state.h"
 #include "tools/tables.h"
 #include "tools/tool.h"
 
@@ -39,9 +40,13 @@ void BuildCommand(const Arguments& arguments, std::ostream& out) {
   const std::filesystem::path folder = PathArgument(arguments[1]);
   FinishReplacement(tableFolder);
   const Tables tables = ReadTables(tableFolder);
-  const std::vector<NewFile> files = DataFiles(tables, folder);
+  std::vector<NewFile> files = DataFiles(tables, folder);
+  const std::optional<DataState> state = ReadDataState(tableFolder);
+  if (state) {
+    for (NewFile& file : files) file.time = state->FileTime();
+  }
   // Made before anything is written: from then on nothing may fail any more but the output.
-  const std::string report = Report(tables, files);
+  const std::string report = Report(tables, files) + (state ? "state of the list: " + state->day + "\n" : "");
   MakeFolder(folder);
   ReplaceFiles(files);
   out << report;

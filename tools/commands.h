@@ -12,6 +12,7 @@ using Arguments = std::vector<std::wstring>;
 
 void ImportCommand(const Arguments& arguments, std::ostream& out);
 void BuildCommand(const Arguments& arguments, std::ostream& out);
+void CompareCommand(const Arguments& arguments, std::ostream& out);
 void CheckCommand(const Arguments& arguments, std::ostream& out);
 void ListCommand(const Arguments& arguments, std::ostream& out);
 void SearchCommand(const Arguments& arguments, std::ostream& out);

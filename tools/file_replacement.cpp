@@ -48,6 +48,12 @@ bool IsThere(const path& file) {
   return answer == Answer::Yes;
 }
 
+bool SetTime(const path& file, std::filesystem::file_time_type time) {
+  std::error_code error;
+  std::filesystem::last_write_time(file, time, error);
+  return !error;
+}
+
 /// A replacement under way: its journal, held against other processes, and what the journal says.
 class Replacement {
  public:
@@ -127,6 +133,9 @@ void Replacement::WriteNewFiles(const std::vector<NewFile>& files) {
     if (durable::MakeFile(m_entries[i].temporary, files[i].bytes) != Answer::Yes) {
       throw ToolError(Shown(files[i].path) + " cannot be written");
     }
+    if (files[i].time && !SetTime(m_entries[i].temporary, *files[i].time)) {
+      throw ToolError(Shown(files[i].path) + " cannot be given its time");
+    }
   }
   for (std::size_t i = 0; i < files.size(); ++i) {
     const Bytes back = ReadWholeFile(m_entries[i].temporary);
@@ -139,7 +148,9 @@ void Replacement::WriteNewFiles(const std::vector<NewFile>& files) {
 
 void Replacement::KeepOld(const Entry& entry) {
   if (!entry.hadOld || durable::Link(entry.name, entry.kept)) return;
-  if (durable::MakeFile(entry.kept, ReadWholeFile(entry.name)) != Answer::Yes) {
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(entry.name, error);
+  if (error || durable::MakeFile(entry.kept, ReadWholeFile(entry.name)) != Answer::Yes || !SetTime(entry.kept, time)) {
     throw ToolError(Shown(entry.name) + " cannot be kept");
   }
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ struct NewFile {
   Bytes bytes;
   /// Looks at what was read back, beyond its being the same bytes; throws ToolError. May be empty.
   std::function<void(const Bytes&)> check;
+  /// When it is to have been written last. Nothing for now.
+  std::optional<std::filesystem::file_time_type> time = std::nullopt;
 };
 
 /// Replaces the files of one folder: afterwards it holds all of the new ones or all of the old ones, and nothing else

@@ -30,10 +30,8 @@ constexpr std::size_t kLongList = 1000;  // rows
 // One row in so many may stand in the list a second time, letter by letter; none does in those seen so far.
 constexpr std::size_t kRowsForARepeat = 10;
 
-bool IsBlank(wchar_t character) { return character == L' '; }
-
 void DropBlanksAtTheEnd(std::wstring_view& text) {
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  while (text.ends_with(L' ')) text.remove_suffix(1);
 }
 
 /// "has ..." when a parenthesis has no counterpart, else empty.

@@ -23,8 +23,9 @@ struct Command {
   bool writesFiles;
 };
 
-constexpr std::array<Command, 7> kCommands = {{
+constexpr std::array<Command, 8> kCommands = {{
     {L"import", 2, 2, "import LIST.csv DATADIR", &ImportCommand, true},
+    {L"compare", 2, 3, "compare OLDDATADIR NEWDATADIR [--anyway]", &CompareCommand, false},
     {L"build", 2, 2, "build DATADIR OUTDIR", &BuildCommand, true},
     {L"check", 1, 2, "check DIR [--strict]", &CheckCommand, false},
     {L"list", 2, 2, "list DIR municipalities|offices|districts", &ListCommand, false},

@@ -49,6 +49,16 @@ DownloadJob::Call Fetch(const char* name, const Text& address, const Text& path)
   };
 }
 
+// The date of a database is that of its file. Whoever keeps the file for us meanwhile may have given it the server's.
+void GiveItTheTimeOfNow(const std::wstring& path) {
+  const OwnedFile file(CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0,
+                                   nullptr));
+  FILETIME now{};
+  GetSystemTimeAsFileTime(&now);
+  if (file) SetFileTime(file.Get(), nullptr, nullptr, &now);
+}
+
 struct Letting {
   void operator()(DownloadJob* job) const { job->Release(); }
 };
@@ -87,6 +97,7 @@ std::int32_t WindowsDownloader::Download(const std::wstring& address, const std:
   // What the system has kept of it, of a failed one too: it is of no use to anybody, and a server decides how long it
   // is.
   Forget(address);
+  if (result == S_OK) GiveItTheTimeOfNow(path);
   return result;
 }
 

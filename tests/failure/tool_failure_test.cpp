@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -81,6 +82,7 @@ class World {
     folder.Write("data/obce.csv", kObce);
     folder.Write("data/posty.csv", std::string("psc;posta\n60200;Brno 2\n35002;Cheb 2\n11000;Praha 1\n"));
     folder.Write("data/okresy.csv", std::string("kod;okres\n3702;Brno-město\n3100;Hlavní město Praha\n3402;Cheb\n"));
+    folder.Write("data/stav.txt", std::string("listopad 2024\n2024-11-01\n"));
     folder.Write("list.csv", kList);
   }
 
@@ -176,7 +178,8 @@ class EveryToolFailure : public testing::TestWithParam<ToolCommand> {
     EXPECT_TRUE(m_mayFail) << run.error;
     EXPECT_EQ(run.status, 1);
     static const std::regex sentences(
-        "kvezdata: (.* (cannot be (written|read|replaced; perhaps another program uses it|kept|made|reached)|"
+        "kvezdata: (.* (cannot be (written|read|replaced; perhaps another program uses it|kept|made|reached|given its "
+        "time)|"
         "reads back other than it was written|.* left by a run that was interrupted, cannot be read)|"
         "there is not enough memory|the output cannot be written(; the files are written)?|"
         "another kvezdata is writing into the folder .* just now|"
@@ -330,6 +333,30 @@ TEST_F(ToolFailures, OldFileThatCanBeNeitherLinkedNorCopiedStays) {
   EXPECT_TRUE(TreeOf(world.folder.Path()) == before);
 }
 
+TEST_F(ToolFailures, FileThatCannotBeGivenTheDayOfTheListIsNotGiven) {
+  const Tree before = TreeOf(world.folder.Path());
+  system_calls::AtNext("utimensat", [] { return EPERM; });
+  EXPECT_EQ(BuildAgain().error, "kvezdata: " + Shown(L"out/vd1.kl_") + " cannot be given its time\n");
+  EXPECT_TRUE(TreeOf(world.folder.Path()) == before);
+}
+
+TEST_F(ToolFailures, OldFileThatIsCopiedAndPutBackHasItsTime) {
+  const std::filesystem::path file = world.folder.Path() / "out" / "vd1.kl_";
+  const auto time = std::filesystem::last_write_time(file) - std::chrono::hours(1000);
+  std::filesystem::last_write_time(file, time);
+  system_calls::AtNext("link", [] {
+    // The second file cannot be moved to its name, and the first one goes back.
+    system_calls::AtNext("rename", [] {
+      system_calls::AtNext("rename", [] { return EACCES; });
+      return 0;
+    });
+    return EPERM;
+  });
+  EXPECT_EQ(BuildAgain().error,
+            "kvezdata: " + Shown(L"out/vd2.kl_") + " cannot be replaced; perhaps another program uses it\n");
+  EXPECT_EQ(std::filesystem::last_write_time(file), time);
+}
+
 TEST_F(ToolFailures, OldFileThatCannotBeLinkedIsCopied) {
   system_calls::AtNext("link", [] { return EPERM; });
   EXPECT_EQ(BuildAgain().error, "");
@@ -408,6 +435,7 @@ TEST(ProgramFailure, NoArgumentAtAll) {
 
 const ToolCommand kBuildAnew = {"BuildAnew", Nothing, {L"build", L"@data", L"@out"}};
 const ToolCommand kBuildOver = {"BuildOver", BuildThenChange, {L"build", L"@data", L"@out"}};
+const ToolCommand kCompareTables = {"Compare", Nothing, {L"compare", L"@data", L"@data"}};
 const ToolCommand kImportAnew = {"ImportAnew", Nothing, {L"import", L"@list.csv", L"@tables"}};
 const ToolCommand kImportOver = {"ImportOver", Nothing, {L"import", L"@list.csv", L"@data"}};
 const ToolCommand kCompressAnew = {"CompressAnew", Nothing, {L"compress", L"@list.csv", L"@packed"}};
@@ -419,8 +447,8 @@ const ToolCommand kSearch = {"Search", Build, {L"search", L"@out", L"name", L"*e
 std::string NameOf(const testing::TestParamInfo<ToolCommand>& test) { return test.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Tool, EveryToolFailure,
-                         testing::Values(kBuildAnew, kBuildOver, kImportAnew, kImportOver, kCompressAnew, kExpandOver,
-                                         kCheck, kListing, kSearch),
+                         testing::Values(kBuildAnew, kBuildOver, kImportAnew, kImportOver, kCompareTables,
+                                         kCompressAnew, kExpandOver, kCheck, kListing, kSearch),
                          NameOf);
 INSTANTIATE_TEST_SUITE_P(Tool, EveryKill,
                          testing::Values(kBuildAnew, kBuildOver, kImportAnew, kImportOver, kCompressAnew, kExpandOver),

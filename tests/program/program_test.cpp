@@ -21,6 +21,29 @@ std::filesystem::path Native(const char* path) {
   return (std::filesystem::path(path[0] == '/' ? L"Z:" : L"") += path).make_preferred();
 }
 
+std::wstring DayOfTheList() {
+  std::ifstream stream(Native(KVEZ_SOURCE_DIR) / "data" / "stav.txt");
+  std::string line;
+  std::getline(stream, line);
+  std::getline(stream, line);
+  return FromUtf8(line);
+}
+
+std::wstring Today() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  const auto two = [](WORD number) { return std::to_wstring(number / 10) + std::to_wstring(number % 10); };
+  return std::to_wstring(now.wYear) + L"-" + two(now.wMonth) + L"-" + two(now.wDay);
+}
+
+std::wstring LastUpdateOf(const std::wstring& day) {
+  constexpr const wchar_t* months[] = {L"leden",    L"únor",  L"březen", L"duben", L"květen",   L"červen",
+                                       L"červenec", L"srpen", L"září",   L"říjen", L"listopad", L"prosinec"};
+  const std::size_t month = std::stoul(day.substr(5, 2));
+  return L"Poslední aktualizace databáze byla provedena " + std::to_wstring(std::stoul(day.substr(8))) + L"." +
+         months[month - 1] + L" " + day.substr(0, 4) + L".";
+}
+
 std::vector<TableRow> ReadTable(const char* name) {
   std::ifstream stream(Native(KVEZ_SOURCE_DIR) / "data" / name);
   std::vector<TableRow> rows;

@@ -21,6 +21,13 @@ using TableRow = std::vector<std::wstring>;
 /// Reads a table of data/ without its heading.
 std::vector<TableRow> ReadTable(const char* name);
 
+/// The day in the second line of data/stav.txt, "2024-11-01", and today in the same form.
+std::wstring DayOfTheList();
+std::wstring Today();
+
+/// What the program says of a database of such a day.
+std::wstring LastUpdateOf(const std::wstring& day);
+
 /// A test with the program in a folder of its own and a clean branch of the settings store.
 class ProgramTest : public ::testing::Test {
  protected:

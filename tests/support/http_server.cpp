@@ -126,7 +126,7 @@ void HttpServer::Answer(std::uintptr_t connection) {
   }
   if (answer.until.valid()) answer.until.wait_for(std::chrono::seconds(60));
   const std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " Answer\r\nContent-Type: " + answer.type +
-                           "\r\nConnection: close\r\n";
+                           "\r\nConnection: close\r\n" + answer.header;
   if (answer.then == HttpAnswer::Then::Endless) {
     if (SendAll(connection, head + "\r\n")) AnswerWithoutEnd(connection, answer);
     EndOrderly(connection);

@@ -20,6 +20,8 @@ struct HttpAnswer {
   /// The answer waits for this, when it is given.
   std::shared_future<void> until = {};
   const char* type = "application/octet-stream";
+  /// Further lines of the header, each with its line end.
+  const char* header = "";
   /// Instead of that end: the body comes again and again, without a length announced; or nothing more comes, with the
   /// connection open. Both last until LetGo, or until the other side gives up.
   enum class Then { End, Endless, Stall } then = Then::End;

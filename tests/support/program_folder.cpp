@@ -15,6 +15,8 @@ void CopyProgram(const std::filesystem::path& source, const std::filesystem::pat
   std::filesystem::create_directories(folder);
   for (const char* file : {"kvez.exe", "vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
     std::filesystem::copy_file(source / file, folder / file);
+    // The program tells the time of its data.
+    std::filesystem::last_write_time(folder / file, std::filesystem::last_write_time(source / file));
   }
 }
 

@@ -223,6 +223,11 @@ int rename(const char* from, const char* to) noexcept {
   return Perform<int>("rename", to, Call::Plain, EACCES, [&] { return real(from, to); });
 }
 
+int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {
+  KVEZ_REAL(utimensat);
+  return Perform<int>("utimensat", path, Call::Plain, EPERM, [&] { return real(folder, path, times, flags); });
+}
+
 int mkdir(const char* path, mode_t mode) noexcept {
   KVEZ_REAL(mkdir);
   return Perform<int>("mkdir", path, Call::Plain, EACCES, [&] { return real(path, mode); });

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "platform/portable/szdd.h"
 #include "tests/core/data_bytes.h"
 #include "tests/tool/tool_test.h"
@@ -62,6 +64,37 @@ TEST_F(BuildTest, FiguresAndLooseEndsArePrinted) {
   ExpectSuccess(run, "vd1.kl_: 3 municipalities, " + size("vd1.kl_") + " bytes\nvd2.kl_: 3 post offices, " +
                          size("vd2.kl_") + " bytes\nvd3.kl_: 3 districts, " + size("vd3.kl_") +
                          " bytes\nmunicipalities without a post office: 1\nmunicipalities in no listed district: 1\n");
+}
+
+TEST_F(BuildTest, FilesCarryTheDayOfTheList) {
+  using namespace std::chrono;
+  WriteTables();
+  folder.Write("data/stav.txt", std::string("listopad 2024\n2024-11-01\n"));
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_NE(Build().out.find("\nstate of the list: 2024-11-01\n"), std::string::npos);
+    const auto noon = file_clock::from_sys(sys_seconds(sys_days(November / 1 / 2024)) + hours(12));
+    for (const char* name : {"vd1.kl_", "vd2.kl_", "vd3.kl_"}) {
+      EXPECT_EQ(std::filesystem::last_write_time(folder.Path() / "out" / name), noon) << name;
+    }
+  }
+}
+
+TEST_F(BuildTest, FilesOfTablesWithoutAStateAreOfNow) {
+  WriteTables();
+  const auto before = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2);
+  EXPECT_EQ(Build().error, "");
+  EXPECT_GE(std::filesystem::last_write_time(folder.Path() / "out" / "vd1.kl_"), before);
+}
+
+TEST_F(BuildTest, StateThatIsNoDayIsRefused) {
+  for (const char* state : {"", "listopad 2024\n", "listopad 2024\n2024-11\n", "listopad 2024\n2024-11-31\n",
+                            "listopad 2024\n2024-11-1x\n", "listopad 2024\n2024/11/01\n", "\n2024-11-01\n",
+                            "listopad 2024\n2024-11-01\nmore\n", "listopad 2024\n-024-11-01\n"}) {
+    BuildFiles();
+    folder.Write("data/stav.txt", std::string(state));
+    ExpectFailure(Build(), Shown(L"data/stav.txt") + " is not two lines, a state in words and its day as YYYY-MM-DD");
+    std::filesystem::remove(folder.Path() / "data" / "stav.txt");
+  }
 }
 
 TEST_F(BuildTest, DistrictCodesGoUpTo16BitsWithoutTheirSign) {

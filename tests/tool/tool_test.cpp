@@ -26,6 +26,7 @@ namespace {
 const std::string kUsage =
     "usage:\n"
     "  kvezdata import LIST.csv DATADIR\n"
+    "  kvezdata compare OLDDATADIR NEWDATADIR [--anyway]\n"
     "  kvezdata build DATADIR OUTDIR\n"
     "  kvezdata check DIR [--strict]\n"
     "  kvezdata list DIR municipalities|offices|districts\n"

@@ -7,6 +7,7 @@
 #include <shlobj.h>
 #include <wininet.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -64,6 +65,18 @@ TEST_F(Downloads, BringTheFileByteForByte) {
   EXPECT_EQ(Get(L"vd1.kl_"), 0);
   EXPECT_TRUE(Content(L"vd1.kl_") == body);
   EXPECT_THAT(server.Requests(), ElementsAre("vd1.kl_"));
+}
+
+TEST_F(Downloads, CarryTheTimeOfTheDownload) {
+  const std::filesystem::path file = folder / L"vd1.kl_";
+  std::ofstream(file, std::ios::binary) << "old";
+  std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1000));
+  server.Serve("vd1.kl_", {.body = "new", .header = "Last-Modified: Fri, 01 Nov 2024 12:00:00 GMT\r\n"});
+  // File systems round.
+  const auto before = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2);
+  EXPECT_EQ(Get(L"vd1.kl_"), 0);
+  EXPECT_GE(std::filesystem::last_write_time(file), before);
+  EXPECT_LE(std::filesystem::last_write_time(file), std::filesystem::file_time_type::clock::now());
 }
 
 TEST_F(Downloads, OverwriteTheOldFile) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <fstream>
 
 #include "forms/private_messages.h"
 #include "mainwindow/about_text.h"
@@ -10,6 +11,7 @@
 #include "tests/support/window_test.h"
 #include "tests/windows/main_window_commands.h"
 #include "tests/windows/status_bar_view.h"
+#include "text/utf8.h"
 
 namespace kvez {
 namespace {
@@ -74,8 +76,11 @@ TEST_F(MainWindowCommands, AboutShowsWhatTheProgramIs) {
   }
   EXPECT_EQ(window.FocusedControl(), &window.Text1);
   const std::wstring text = window.Text1.Text();
-  for (const wchar_t* part :
-       {L"Kvez vyhledává obce", L"Česká pošta, s.\u00a0p.", L"stav listopad 2024", L"licencí MIT"}) {
+  std::ifstream stream(KVEZ_SOURCE_DIR "/data/stav.txt", std::ios::binary);
+  std::string state;
+  ASSERT_TRUE(std::getline(stream, state));
+  for (const std::wstring& part : {std::wstring(L"Kvez vyhledává obce"), std::wstring(L"Česká pošta, s.\u00a0p."),
+                                   L": stav " + FromUtf8(state).value_or(L"?") + L". ", std::wstring(L"licencí MIT")}) {
     EXPECT_NE(text.find(part), std::wstring::npos) << ::testing::PrintToString(part);
   }
 }
