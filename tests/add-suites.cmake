@@ -27,8 +27,13 @@ if(NOT EXISTS ${LIST} OR ${PROGRAM} IS_NEWER_THAN ${LIST})
         list(LENGTH SESSIONS count)
         math(EXPR turn "(${turn} + 1) % ${count}")
       endif()
-      # One desktop, one pointer, one keyboard.
-      string(APPEND properties " RESOURCE_LOCK ${session}")
+      # One desktop, one pointer, one keyboard. Prints wait in files of the system's folder, which all sessions have in
+      # common, under numbers that each counts for itself.
+      set(locks ${session})
+      if(suite MATCHES "^RealPrinter")
+        list(APPEND locks print_files)
+      endif()
+      string(APPEND properties " RESOURCE_LOCK \"${locks}\"")
       list(APPEND environment KVEZ_SESSION=${session})
     endif()
     # The longest begin first, or the last one runs alone.

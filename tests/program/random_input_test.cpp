@@ -41,7 +41,9 @@ TEST_F(RandomInputTest, TenThousandEventsLeaveTheProgramAliveAndItsHandlesWhereT
   }
   ASSERT_TRUE(RandomInput::WorkOff(program));
   // What is shown at a moment may need a brush or a window more or less, but not more with every event.
-  EXPECT_GT(gdiAfterWarmUp.others, 0);
+  if constexpr (sizeof(void*) == 8) {
+    EXPECT_GT(gdiAfterWarmUp.others, 0);
+  }
   const GdiCount gdi = program.GdiObjects();
   EXPECT_NEAR(gdi.others, gdiAfterWarmUp.others, 20);
   EXPECT_LE(gdi.deviceContexts, kMostDeviceContexts);

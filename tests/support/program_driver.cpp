@@ -125,7 +125,13 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
 
 // The pointer of the display moves along, which input alone leaves behind: wherever that one is, each window that comes
 // up under it or goes away there draws the pointer back to itself. Only a change reaches the display.
+std::optional<POINT>& LastPointed() {
+  static std::optional<POINT> place;
+  return place;
+}
+
 void HurryPointer(POINT screen) {
+  LastPointed() = screen;
   SetCursorPos(screen.x + 1, screen.y);
   SetCursorPos(screen.x, screen.y);
 }
@@ -315,7 +321,9 @@ std::vector<std::wstring> Program::ListTexts(int id) const {
 
 GdiCount Program::GdiObjects() const {
   if (const DWORD count = GetGuiResources(m_process, GR_GDIOBJECTS)) return {0, static_cast<int>(count)};
-  // Wine answers 0; there each process has a table of its own, which its process block points to.
+  // Wine answers 0; there each process has a table of its own, which its process block points to. Where a 32-bit
+  // process runs on a 64-bit system, as in newer Wines, that table is out of its reach.
+  if constexpr (sizeof(void*) == 4) return {};
   struct BasicInformation {
     void* status;
     std::uintptr_t processBlock;

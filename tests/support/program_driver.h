@@ -26,6 +26,8 @@ void ClickAt(POINT screen, bool rightButton = false);
 void HurryPointer(POINT screen);
 void ClickInPlace(bool rightButton = false);
 POINT CentreOf(HWND window);
+/// Where the tests' own pointer was moved to last.
+std::optional<POINT>& LastPointed();
 
 /// Texts of another process's windows.
 std::wstring WindowText(HWND window);
@@ -42,7 +44,7 @@ struct Dialog {
 
 /// GDI objects by how they come and go: the system keeps device contexts, each with a region and a surface, for the
 /// windows that were drawn, up to 64 of them, and the last of them may come up after thousands of events. Regions and
-/// surfaces are not counted.
+/// surfaces are not counted. Of a 32-bit program under Wine nothing is counted.
 struct GdiCount {
   int deviceContexts = 0;  // always 0 on Windows, which does not tell them from the others
   int others = 0;

@@ -84,6 +84,8 @@ TEST_F(TlTextPointer, EveryMoveOutsideIsALeavingWhateverTheHoverWas) {
 }
 
 TEST_F(TlTextPointer, HoverChangeRepaintsOnce) {
+  // A busy display asks for what it has just been shown once more.
+  while (test::PumpWithin(0.05, [this] { return button.paints > 0; })) button.TakePaints();
   test::PointAt(Center());
   EXPECT_EQ(button.TakePaints(), 1);
   test::PointAt(Outside());
