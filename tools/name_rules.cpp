@@ -38,10 +38,9 @@ std::wstring ComparedName(std::wstring_view name) {
 std::wstring SearchedName(std::wstring_view name) { return FromWindows1250(NormalisedName(ToWindows1250(name))); }
 
 bool Finds(std::wstring_view typed, std::wstring_view name) {
-  const auto pattern = ParseNamePattern(typed);
   NameKeys row;
   row.Append(ToWindows1250(name));
-  return pattern && !row.Find(*pattern).empty();
+  return !row.Find({NameMode::Whole, std::wstring(typed), {}}).empty();
 }
 
 }  // namespace kvez

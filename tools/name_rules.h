@@ -15,7 +15,8 @@ std::wstring ComparedName(std::wstring_view name);
 /// What the name search leaves of a name: it compares nothing behind a hyphen, a number or a parenthesis.
 std::wstring SearchedName(std::wstring_view name);
 
-/// Whether the program's search finds a row of this name for a typed text. The name has letters of Windows-1250 only.
+/// Whether the program's search finds a row of this name for a typed text without wildcards. The name has letters of
+/// Windows-1250 only.
 bool Finds(std::wstring_view typed, std::wstring_view name);
 
 }  // namespace kvez

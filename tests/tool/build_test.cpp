@@ -87,9 +87,11 @@ TEST_F(BuildTest, FilesOfTablesWithoutAStateAreOfNow) {
 }
 
 TEST_F(BuildTest, StateThatIsNoDayIsRefused) {
-  for (const char* state : {"", "listopad 2024\n", "listopad 2024\n2024-11\n", "listopad 2024\n2024-11-31\n",
-                            "listopad 2024\n2024-11-1x\n", "listopad 2024\n2024/11/01\n", "\n2024-11-01\n",
-                            "listopad 2024\n2024-11-01\nmore\n", "listopad 2024\n-024-11-01\n"}) {
+  for (const char* state :
+       {"", "listopad 2024\n", "listopad 2024\n2024-11\n", "listopad 2024\n2024-11-31\n", "listopad 2024\n2024-11-1x\n",
+        "listopad 2024\n2024/11/01\n", "\n2024-11-01\n", "listopad 2024\n2024-11-01\nmore\n",
+        "listopad 2024\n-024-11-01\n", "listopad 2024\nxx24-11-01\n", "listopad 2024\n2024-x1-01\n",
+        "listopad 2024\n2024-11/01\n", "listopad 2024\n2024-11--1\n"}) {
     BuildFiles();
     folder.Write("data/stav.txt", std::string(state));
     ExpectFailure(Build(), Shown(L"data/stav.txt") + " is not two lines, a state in words and its day as YYYY-MM-DD");

@@ -85,6 +85,18 @@ TEST_F(ImportTest, MunicipalityListedByPartsOnlyGetsRowsOfItsName) {
       << run.out;
 }
 
+TEST_F(ImportTest, RowThatIsThereTwiceGetsOneRowOfTheMunicipality) {
+  const std::wstring rest = L";18100;Praha 81;3100;Hlavní město Praha;Praha\r\n";
+  std::wstring rows;
+  for (const wchar_t letter : std::wstring_view(L"ABCDEFGHIJ")) rows += std::wstring(1, letter) + rest;
+  const ToolRun run = ImportRows(rows + L"C" + rest);
+  EXPECT_NE(run.out.find("rows municipality-part added for them: 10\n"
+                         "rows municipality added for them: 0\n"
+                         "exact duplicates removed: 1\n"),
+            std::string::npos)
+      << run.out << run.error;
+}
+
 TEST_F(ImportTest, OneRowOfTheOwnNameIsEnough) {
   const std::wstring rest = L";46001;Liberec 1;3505;Liberec;Liberec\r\n";
   for (const wchar_t* own :
