@@ -149,7 +149,7 @@ void PointAt(POINT screen) {
   if (!isThere() && SetCursorPos(screen.x, screen.y)) {
     PumpInput();
     // What the display had still to say of the place before comes a moment later, and leads back.
-    constexpr int kQuietLooks = 3;
+    constexpr int kQuietLooks = 8;
     constexpr int kMostLooks = 100;
     for (int quiet = 0, looks = 0; quiet < kQuietLooks && looks < kMostLooks; ++looks) {
       Sleep(2);
