@@ -8,8 +8,8 @@ namespace {
 constexpr const wchar_t* kAboutText =
     L"Kvez vyhledává obce České republiky, jejich poštovní směrovací čísla, dodávací pošty a okresy.\r\n"
     L"\r\n"
-    L"Údaje vycházejí ze seznamu „Seznam PSČ částí obcí a obcí bez částí“, který zveřejňuje Česká pošta, s.\u00a0p., jako "
-    L"otevřená data. Údaje dodané s programem: stav " KVEZ_DATA_STATE
+    L"Údaje vycházejí ze seznamu „Seznam PSČ částí obcí a obcí bez částí“, který zveřejňuje Česká pošta, s.\u00a0p., mezi "
+    L"výstupy pro zákazníky. Údaje dodané s programem: stav " KVEZ_DATA_STATE
     L". Novější stáhnete tlačítkem Aktualizace.\r\n"
     L"\r\n"
     L"Program je svobodný software s licencí MIT: smíte ho zdarma používat, šířit i měnit. Je poskytován tak, jak je, bez "
