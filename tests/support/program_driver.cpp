@@ -125,13 +125,7 @@ void PressKey(WORD virtualKey, bool control, bool shift, bool alt) {
 
 // The pointer of the display moves along, which input alone leaves behind: wherever that one is, each window that comes
 // up under it or goes away there draws the pointer back to itself. Only a change reaches the display.
-std::optional<POINT>& LastPointed() {
-  static std::optional<POINT> place;
-  return place;
-}
-
 void HurryPointer(POINT screen) {
-  LastPointed() = screen;
   SetCursorPos(screen.x + 1, screen.y);
   SetCursorPos(screen.x, screen.y);
 }

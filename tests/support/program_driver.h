@@ -26,8 +26,6 @@ void ClickAt(POINT screen, bool rightButton = false);
 void HurryPointer(POINT screen);
 void ClickInPlace(bool rightButton = false);
 POINT CentreOf(HWND window);
-/// Where the tests' own pointer was moved to last.
-std::optional<POINT>& LastPointed();
 
 /// Texts of another process's windows.
 std::wstring WindowText(HWND window);

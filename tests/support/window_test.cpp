@@ -5,7 +5,6 @@
 #include <chrono>
 
 #include "forms/message_loop.h"
-#include "tests/support/program_driver.h"
 #include "tests/support/waiting.h"
 #include "text/assertion.h"
 
@@ -37,31 +36,6 @@ void SendMouse(DWORD flags) {
   input.type = INPUT_MOUSE;
   input.mi.dwFlags = flags;
   SendOne(input);
-}
-
-/// A movement, and a button's press or release there in one.
-void SendMouseAt(POINT screen, DWORD flags = 0) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  // The middle of the pixel, or rounding may land on the one before.
-  input.mi.dx = (2 * screen.x + 1) * 65536 / (2 * GetSystemMetrics(SM_CXSCREEN));
-  input.mi.dy = (2 * screen.y + 1) * 65536 / (2 * GetSystemMetrics(SM_CYSCREEN));
-  input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-  SendOne(input);
-}
-
-/// Whether the pointer is no longer where the tests have moved it: a busy display may lead it back a moment later.
-bool PointerIsLedAway() {
-  POINT pointer{};
-  return LastPointed() && GetCursorPos(&pointer) && (pointer.x != LastPointed()->x || pointer.y != LastPointed()->y);
-}
-
-void SendButton(DWORD flags) {
-  if (PointerIsLedAway()) {
-    SendMouseAt(*LastPointed(), flags);
-  } else {
-    SendMouse(flags);
-  }
 }
 
 LRESULT CALLBACK WatchMarker(int code, WPARAM wParam, LPARAM lParam) {
@@ -141,7 +115,6 @@ void TypeCharacter(wchar_t character) {
 void PointAt(POINT screen) {
   // The display's pointer moves along, which input alone leaves behind: who asks for the place a tenth of a second
   // later is told that one's. Only a change reaches the display.
-  LastPointed() = screen;
   const auto isThere = [screen] {
     POINT pointer{};
     return !GetCursorPos(&pointer) || (pointer.x == screen.x && pointer.y == screen.y);
@@ -149,7 +122,7 @@ void PointAt(POINT screen) {
   if (!isThere() && SetCursorPos(screen.x, screen.y)) {
     PumpInput();
     // What the display had still to say of the place before comes a moment later, and leads back.
-    constexpr int kQuietLooks = 8;
+    constexpr int kQuietLooks = 3;
     constexpr int kMostLooks = 100;
     for (int quiet = 0, looks = 0; quiet < kQuietLooks && looks < kMostLooks; ++looks) {
       Sleep(2);
@@ -159,19 +132,27 @@ void PointAt(POINT screen) {
     }
     return;
   }
-  SendMouseAt(screen);
+  const int width = GetSystemMetrics(SM_CXSCREEN);
+  const int height = GetSystemMetrics(SM_CYSCREEN);
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  // The middle of the pixel, or rounding may land on the one before.
+  input.mi.dx = (2 * screen.x + 1) * 65536 / (2 * width);
+  input.mi.dy = (2 * screen.y + 1) * 65536 / (2 * height);
+  input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+  SendOne(input);
 }
 
 void PressButton(MouseButton button) {
-  SendButton(button == MouseButton::Left    ? MOUSEEVENTF_LEFTDOWN
-             : button == MouseButton::Right ? MOUSEEVENTF_RIGHTDOWN
-                                            : MOUSEEVENTF_MIDDLEDOWN);
+  SendMouse(button == MouseButton::Left    ? MOUSEEVENTF_LEFTDOWN
+            : button == MouseButton::Right ? MOUSEEVENTF_RIGHTDOWN
+                                           : MOUSEEVENTF_MIDDLEDOWN);
 }
 
 void ReleaseButton(MouseButton button) {
-  SendButton(button == MouseButton::Left    ? MOUSEEVENTF_LEFTUP
-             : button == MouseButton::Right ? MOUSEEVENTF_RIGHTUP
-                                            : MOUSEEVENTF_MIDDLEUP);
+  SendMouse(button == MouseButton::Left    ? MOUSEEVENTF_LEFTUP
+            : button == MouseButton::Right ? MOUSEEVENTF_RIGHTUP
+                                           : MOUSEEVENTF_MIDDLEUP);
 }
 
 POINT OnScreen(HWND window, int x, int y) {
