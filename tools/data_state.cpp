@@ -48,7 +48,7 @@ std::optional<DataState> ReadDataState(const std::filesystem::path& folder) {
   if (!date || lines[0].empty()) {
     throw ToolError(Shown(file) + " is not two lines, a state in words and its day as YYYY-MM-DD");
   }
-  return DataState{std::string(lines[0]), std::string(lines[1]), *date};
+  return DataState{std::string(lines[1]), *date};
 }
 
 }  // namespace kvez

@@ -9,8 +9,7 @@ namespace kvez {
 
 /// Which state of the official list the tables of a folder hold: what its stav.txt says.
 struct DataState {
-  std::string words;  // as people are shown it, in UTF-8: "listopad 2024"
-  std::string day;    // "2024-11-01"
+  std::string day;  // "2024-11-01"
   std::chrono::sys_days date;
 
   /// What files that are made of the tables carry as their time, so that the program tells that day as the one of its

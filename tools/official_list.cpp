@@ -17,8 +17,6 @@ namespace kvez {
 namespace {
 
 constexpr std::string_view kHeading = "NAZCOBCE;PSC;NAZPOST;KODOKRESU;NAZOKRESU;NAZOBCE";
-constexpr std::string_view kHeadingExpected =
-    "the heading 'NAZCOBCE;PSC;NAZPOST;KODOKRESU;NAZOKRESU;NAZOBCE' was expected";
 constexpr std::size_t kColumns = 6;
 constexpr std::int32_t kLowestCode = 10000;
 constexpr std::int32_t kHighestCode = 79999;
@@ -29,6 +27,8 @@ constexpr std::wstring_view kLettersOfALongList = L"aábcčdďeéěfghiíjklmnň
 constexpr std::size_t kLongList = 1000;  // rows
 // One row in so many may stand in the list a second time, letter by letter; none does in those seen so far.
 constexpr std::size_t kRowsForARepeat = 10;
+
+std::string HeadingExpected() { return "the heading '" + std::string(kHeading) + "' was expected"; }
 
 void DropBlanksAtTheEnd(std::wstring_view& text) {
   while (text.ends_with(L' ')) text.remove_suffix(1);
@@ -95,7 +95,7 @@ class ListReader {
     m_line = 1;
     if (m_text.starts_with("\xEF\xBB\xBF")) Fail("the file is UTF-8; the list comes in Windows-1250");
     if (IsUtf16(m_text)) Fail("the file is UTF-16; the list comes in Windows-1250");
-    if (lines.empty()) Fail(std::string(kHeadingExpected));
+    if (lines.empty()) Fail(HeadingExpected());
     std::vector<OfficialRow> rows;
     rows.reserve(lines.size());
     for (const std::string_view line : lines) {
@@ -138,7 +138,7 @@ class ListReader {
   void ExpectHeading(const std::wstring& heading) const {
     const std::wstring expected = FromWindows1250(kHeading);
     if (heading == expected) return;
-    Fail(HeadingFault(SplitFields(heading), SplitFields(expected)) + "; " + std::string(kHeadingExpected));
+    Fail(HeadingFault(SplitFields(heading), SplitFields(expected)) + "; " + HeadingExpected());
   }
 
   void ExpectNoSecondList(const std::vector<std::string_view>& lines) {

@@ -16,8 +16,8 @@ struct OfficialRow {
   std::int16_t districtCode = 0;
   std::wstring district;
   std::wstring municipality;
-  std::wstring
-      aliasMark;  // as the list has it behind the name, normally " x)": another name of a part with its own row
+  // As the list has it behind the name, normally " x)": another name of a part that has its own row.
+  std::wstring aliasMark;
 };
 
 /// Reads the official list (Windows-1250, ";", six columns under their heading). The alias mark is taken off the names.

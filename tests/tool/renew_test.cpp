@@ -99,6 +99,15 @@ TEST_F(RenewTest, DamagedListIsRefused) {
   ExpectRefused(Renew(L"2024-11"), "line 2: PSC '3500' is no postal code of five digits");
 }
 
+TEST_F(RenewTest, AFileThatCannotBeWrittenLeavesAllAsItWas) {
+  std::filesystem::remove(folder.Path() / "tests" / "tool");
+  const std::string names = NamesIn("data");
+  const ProcessRun run = Renew(L"2024-11");
+  std::filesystem::create_directories(folder.Path() / "tests" / "tool");
+  ExpectRefused(run, "municipalities.csv");
+  EXPECT_EQ(NamesIn("data"), names);
+}
+
 TEST_F(RenewTest, ReadmeWithoutItsMarksIsSaid) {
   folder.Write("data/README.md", std::string("old\n"));
   ExpectRefused(Renew(L"2024-11"), "has lost its marks");
