@@ -85,6 +85,11 @@ TEST_F(ImportTest, MunicipalityListedByPartsOnlyGetsRowsOfItsName) {
       << run.out;
 }
 
+TEST_F(ImportTest, HyphenInAPartAloneDoesNotNameTheMunicipality) {
+  ImportRows(L"Horka-Domky;67401;Třebíč 1;3710;Třebíč;Třebíč\r\n");
+  ExpectNames({"Horka-Domky", "Třebíč-Horka-Domky"});
+}
+
 TEST_F(ImportTest, RowThatIsThereTwiceGetsOneRowOfTheMunicipality) {
   const std::wstring rest = L";18100;Praha 81;3100;Hlavní město Praha;Praha\r\n";
   std::wstring rows;
