@@ -71,7 +71,12 @@ void Form::Load() {
   if (m_loaded || !IsOpen()) return;
   m_loaded = true;
   m_loading = true;
-  Form_Load();
+  try {
+    Form_Load();
+  } catch (...) {
+    m_loading = false;
+    throw;
+  }
   m_loading = false;
 }
 

@@ -50,13 +50,23 @@ DownloadJob::Call Fetch(const char* name, const Text& address, const Text& path)
 }
 
 // The date of a database is that of its file. Whoever keeps the file for us meanwhile may have given it the server's.
-void GiveItTheTimeOfNow(const std::wstring& path) {
+void GiveItTheTime(const std::wstring& path, const DateTime& local) {
   const OwnedFile file(CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES,
                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0,
                                    nullptr));
-  FILETIME now{};
-  GetSystemTimeAsFileTime(&now);
-  if (file) SetFileTime(file.Get(), nullptr, nullptr, &now);
+  const auto word = [](int value) { return static_cast<WORD>(value); };
+  const SYSTEMTIME date{.wYear = word(local.year),
+                        .wMonth = word(local.month),
+                        .wDayOfWeek = 0,
+                        .wDay = word(local.day),
+                        .wHour = word(local.hour),
+                        .wMinute = word(local.minute),
+                        .wSecond = word(local.second),
+                        .wMilliseconds = 0};
+  FILETIME localTime{};
+  FILETIME time{};
+  if (!file || !SystemTimeToFileTime(&date, &localTime) || !LocalFileTimeToFileTime(&localTime, &time)) return;
+  SetFileTime(file.Get(), nullptr, nullptr, &time);
 }
 
 struct Letting {
@@ -97,7 +107,7 @@ std::int32_t WindowsDownloader::Download(const std::wstring& address, const std:
   // What the system has kept of it, of a failed one too: it is of no use to anybody, and a server decides how long it
   // is.
   Forget(address);
-  if (result == S_OK) GiveItTheTimeOfNow(path);
+  if (result == S_OK) GiveItTheTime(path, m_clock.Now());
   return result;
 }
 

@@ -53,6 +53,14 @@ TEST_F(GuardTest, ErrorWhileUnloadingKeepsTheWindow) {
   EXPECT_TRUE(form.Unload());
 }
 
+TEST_F(GuardTest, ErrorWhileLoadingLeavesAFormThatCanGo) {
+  TestForm form;
+  form.load = [] { throw Error(L"Nejde to."); };
+  EXPECT_FALSE(Guarded([&] { form.Show(); }));
+  EXPECT_EQ(shown, std::vector<std::wstring>{L"Kvez: Nejde to."});
+  EXPECT_TRUE(form.Unload());
+}
+
 TEST_F(GuardTest, EveryErrorIsACzechSentenceAndTheSystemsCodeBehindIt) {
   EXPECT_FALSE(Guarded([] { throw Error(L"Nabídku se nepodařilo otevřít.", "AppendMenuW", 8); }));
   EXPECT_FALSE(Guarded([] { throw std::bad_alloc(); }));
