@@ -37,15 +37,21 @@ TEST_F(OwnedTest, ReleasesOnceWhatItHas) {
     handle.Reset(INVALID_HANDLE_VALUE);
     EXPECT_EQ(releasedHandles, 2);
     handle.Reset(NumberedHandle(12));
+    handle.Reset(NumberedHandle(12));
+    EXPECT_EQ(releasedHandles, 2);
+    handle = CountedHandle(NumberedHandle(16));
+    EXPECT_EQ(releasedHandles, 3);
   }
-  EXPECT_EQ(releasedHandles, 3);
+  EXPECT_EQ(releasedHandles, 4);
 }
 
 TEST_F(OwnedTest, WhatIsGivenAwayIsNotReleased) {
-  CountedHandle first(NumberedHandle(4));
   {
+    CountedHandle first(NumberedHandle(4));
     CountedHandle second(std::move(first));
-    EXPECT_EQ(second.TakeOwnership(), NumberedHandle(4));
+    CountedHandle third;
+    third = std::move(second);
+    EXPECT_EQ(third.TakeOwnership(), NumberedHandle(4));
   }
   EXPECT_EQ(releasedHandles, 0);
 }
