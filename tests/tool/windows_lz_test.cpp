@@ -178,6 +178,16 @@ TEST_F(WindowsLzTest, ExpandedFileIsNobodyElsesWhileItIsWritten) {
   EXPECT_EQ(pauses, 1);
 }
 
+// The path that the system's library cannot take is opened without it, and closed without it.
+TEST_F(WindowsLzTest, LongPathNeverReachesTheSystemsLibrary) {
+  WindowsLzLibrary system;
+  const std::int32_t handle = system.OpenFile(Path(std::wstring(130, L'x')), LzMode::Create);
+  ASSERT_GE(handle, 0);
+  SetLastError(ERROR_SUCCESS);
+  system.Close(handle);
+  EXPECT_EQ(GetLastError(), DWORD{ERROR_SUCCESS}) << "it was asked to close what it never opened";
+}
+
 TEST_F(WindowsLzTest, ManyProgramsInOneFolderAllLoadEverything) {
   BuildFiles();
   constexpr int kPrograms = 3;

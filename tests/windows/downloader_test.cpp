@@ -13,6 +13,7 @@
 #include <optional>
 #include <thread>
 
+#include "platform/windows/download_job.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_files.h"
 #include "tests/support/http_server.h"
@@ -210,6 +211,22 @@ TEST_F(Downloads, ArriveWhereTheCodePageCannotNameThePath) {
   server.Serve("x", {.body = "new"});
   EXPECT_EQ(downloader->Download(server.Base() + L"x", (folder / L"日本.kl_").wstring(), goesOn), 0);
   EXPECT_EQ(Content(L"日本.kl_"), "new");
+}
+
+// Not every version of the system's library asks; one that does must not be told that the download listens to nobody.
+TEST(DownloadJobTest, IsTheListenerThatItIsAskedFor) {
+  auto* const job = new DownloadJob({});
+  for (const IID& id : {__uuidof(IUnknown), __uuidof(IBindStatusCallback)}) {
+    void* object = nullptr;
+    ASSERT_EQ(job->QueryInterface(id, &object), S_OK);
+    EXPECT_EQ(object, static_cast<IBindStatusCallback*>(job));
+    EXPECT_EQ(job->Release(), 1U) << "what was asked for is held";
+  }
+  void* object = job;
+  EXPECT_EQ(job->QueryInterface(__uuidof(IHttpNegotiate), &object), E_NOINTERFACE);
+  EXPECT_EQ(object, nullptr);
+  EXPECT_EQ(job->QueryInterface(__uuidof(IUnknown), nullptr), E_POINTER);
+  EXPECT_EQ(job->Release(), 0U);
 }
 
 }  // namespace

@@ -108,6 +108,19 @@ TEST(TextBoxTest, BackColorIsSeenEnabledAndDisabled) {
   EXPECT_EQ(Pixels::OfWindow(box.Handle()).At(90, 25), RGB(192, 255, 255));
 }
 
+TEST(TextBoxTest, OnlyWhatCanBeTypedIntoLooksLikeAField) {
+  TestForm form;
+  TextBox field;
+  TextBox lines;
+  field.Create(form, 1, {0, 0, 3000, 285});
+  lines.Create(form, 2, {0, 600, 3000, 600}, TextBoxStyle::ReadOnlyLines);
+  ASSERT_NE(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_BTNFACE));
+  EXPECT_EQ(field.BackColor(), GetSysColor(COLOR_WINDOW));
+  EXPECT_EQ(lines.BackColor(), GetSysColor(COLOR_BTNFACE));
+  field.SetEnabled(false);
+  EXPECT_EQ(field.BackColor(), GetSysColor(COLOR_BTNFACE));
+}
+
 TEST(OptionButtonTest, SelectingByCodeRaisesClickAndUnselectsTheOthers) {
   TestForm form;
   Log log;
@@ -184,7 +197,9 @@ TEST(CheckBoxTest, ChangeOfTheValueRaisesClick) {
   check.Create(form, 1, {0, 0, 1500, 285}, L"a");
   check.Click = [&] { log.push_back(std::to_string(check.Value())); };
   check.SetValue(0);
+  EXPECT_EQ(check.Value(), 0);
   check.SetValue(1);
+  EXPECT_EQ(check.Value(), 1);
   check.SetValue(1);
   check.SetValue(0);
   ASSERT_TRUE(test::ShowActive(form));

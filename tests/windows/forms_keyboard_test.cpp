@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/access_key.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/label.h"
@@ -119,6 +120,15 @@ TEST_F(FormKeyboard, SpaceSelectsOptionAndTicksBox) {
   test::Type(VK_SPACE);
   test::Type(VK_SPACE);
   EXPECT_EQ(Take(), (Log{"option 0", "check 1", "check 0"}));
+}
+
+TEST(AccessKeyTest, StandsBehindTheFirstSingleMark) {
+  EXPECT_EQ(AccessKeyOf(L"&Konec"), L'K');
+  EXPECT_EQ(AccessKeyOf(L"Na&staveni"), L's');
+  EXPECT_EQ(AccessKeyOf(L"Pošta && &okres"), L'o');
+  for (const wchar_t* caption : {L"", L"Konec", L"Konec&", L"Pošta && okres"}) {
+    EXPECT_EQ(AccessKeyOf(caption), L'\0') << ::testing::PrintToString(caption);
+  }
 }
 
 TEST_F(FormKeyboard, AccessKeysOfSystemControls) {

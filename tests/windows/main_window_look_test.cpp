@@ -78,6 +78,25 @@ TEST_F(MainWindowLook, WhatStandsBelowEachOtherSharesNoPixel) {
   }
 }
 
+// Where a pitch is a whole number of pixels, no gap between two buttons is wider than the next one.
+TEST_F(MainWindowLook, ButtonsOfTheColumnStandEvenly) {
+  const frmhlavni& window = Open();
+  const auto topOf = [](const tlText* button) {
+    RECT place{};
+    GetWindowRect(button->Handle(), &place);
+    return place.top;
+  };
+  for (const unsigned dpi : {96U, 144U, 192U, 288U}) {
+    ScaleTo(dpi);
+    const LONG pitch = topOf(&window.tlHObcePSC) - topOf(&window.tlHVyhledej);
+    const tlText* above = &window.tlHAktualizace;
+    for (const tlText* button : {&window.tlHNapoveda, &window.tlHOaplikaci, &window.tlHNastaveni, &window.tlHKonec}) {
+      EXPECT_EQ(topOf(button) - topOf(above), pitch) << dpi;
+      above = button;
+    }
+  }
+}
+
 TEST_F(MainWindowLook, EveryButtonHasAFrameOnAllFourSides) {
   const test::SystemColors ordinary(test::kOrdinaryColors);
   frmhlavni& window = Open();
