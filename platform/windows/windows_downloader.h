@@ -18,7 +18,7 @@ struct DownloadLimits {
 /// comes back only when everything has come. What stands still or grows without end fails.
 class WindowsDownloader : public Downloader {
  public:
-  /// The clock outlives this object.
+  /// The clock outlives this object; what has come carries its time.
   explicit WindowsDownloader(Clock& clock, DownloadLimits limits = {}) : m_clock(clock), m_limits(limits) {}
 
   std::int32_t Download(const std::wstring& address, const std::wstring& path, const DownloadWatch& goesOn) override;
