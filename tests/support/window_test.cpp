@@ -40,7 +40,8 @@ void SendMouse(DWORD flags) {
 
 LRESULT CALLBACK WatchMarker(int code, WPARAM wParam, LPARAM lParam) {
   const auto& message = *reinterpret_cast<const MSG*>(lParam);
-  if (code == HC_ACTION && message.message == WM_KEYUP && message.wParam == kMarkerKey) markerSeen = true;
+  const bool released = message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
+  if (code == HC_ACTION && released && message.wParam == kMarkerKey) markerSeen = true;
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -79,7 +80,7 @@ bool ShowActive(forms::Form& form) {
   const bool active = PumpUntil([&form] {
     return GetForegroundWindow() == form.Handle() && GetActiveWindow() == form.Handle() && GetFocus() != nullptr;
   });
-  // The window manager may still move the window.
+  // What came with the window has been handled, too.
   PumpInput();
   return active;
 }
