@@ -78,13 +78,14 @@ void CompareNameSearches(std::uint32_t seed, const std::wstring& names, const st
   const Lists lists = RandomLists(random, 600, 5, names);
   LoadedDatabase loaded;
   lists.LoadInto(loaded);
+  std::vector<std::wstring> normalised;
+  for (const auto& m : lists.municipalities) normalised.push_back(reference::Normalised(m.name));
   std::size_t matches = 0;
   for (int round = 0; round < 1500; ++round) {
     const std::wstring typed = random.Text(patterns, 5);
     std::vector<std::int32_t> expected;
-    for (std::size_t i = 0; i < lists.municipalities.size(); ++i) {
-      const std::wstring normalised = reference::Normalised(lists.municipalities[i].name);
-      if (typed.empty() || reference::IsRefused(typed) || !reference::Matches(normalised, typed)) continue;
+    for (std::size_t i = 0; i < normalised.size(); ++i) {
+      if (typed.empty() || reference::IsRefused(typed) || !reference::Matches(normalised[i], typed)) continue;
       expected.push_back(static_cast<std::int32_t>(i) + 1);
     }
     loaded.database.pscVyberPostu(typed, loaded.list, loaded.description);

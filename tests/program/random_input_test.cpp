@@ -1,4 +1,4 @@
-// Ten thousand events that nobody would think of.
+// Events that nobody would think of: a quarter of what ./kvez soak sends with each of its seeds, whose first this is.
 
 #include "tests/support/random_input.h"
 #include "tests/program/download_base.h"
@@ -7,7 +7,7 @@
 namespace kvez::test {
 namespace {
 
-constexpr int kEvents = 10000;
+constexpr int kEvents = 2500;
 constexpr int kBatch = 50;
 // Each look of a control brings objects of the system along when it first comes up, and the last ones come late.
 constexpr int kWarmUp = kEvents * 3 / 5;
@@ -16,7 +16,7 @@ constexpr unsigned kSeed = 20251;
 
 class RandomInputTest : public ProgramTest {};
 
-TEST_F(RandomInputTest, TenThousandEventsLeaveTheProgramAliveAndItsHandlesWhereTheyWere) {
+TEST_F(RandomInputTest, LeavesTheProgramAliveAndItsHandlesWhereTheyWere) {
   SaveSetting(L"nastavení0", L"1");
   SaveSetting(L"nastavení2", L"1");
   // An update that the keyboard may start ends at a port where nobody listens.
