@@ -81,7 +81,7 @@ void CompareNameSearches(std::uint32_t seed, const std::wstring& names, const st
   std::vector<std::wstring> normalised;
   for (const auto& m : lists.municipalities) normalised.push_back(reference::Normalised(m.name));
   std::size_t matches = 0;
-  for (int round = 0; round < 1500; ++round) {
+  for (int round = 0; round < 500; ++round) {
     const std::wstring typed = random.Text(patterns, 5);
     std::vector<std::int32_t> expected;
     for (std::size_t i = 0; i < normalised.size(); ++i) {
